@@ -118,7 +118,7 @@ public:
     /// Appends a style with default properties whose name and localized name are `name`.
     virtual OdPsPlotStylePtr addNewStyle(const OdString& name) = 0;
     /// Removes a style; one that is not in the table, or null, is ignored.
-    virtual void deleteStyle(OdPsPlotStyle* style) = 0;
+    virtual void deleteStyle(const OdPsPlotStylePtr& style) = 0;
     virtual void setDescription(const OdString& description) = 0;
     virtual void setScaleFactor(double factor) = 0;
     virtual void setApplyScaleFactor(bool apply) = 0;
