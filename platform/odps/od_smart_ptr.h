@@ -15,15 +15,23 @@ public:
     OdSmartPtr() = default;
     OdSmartPtr(std::nullptr_t) {}
     /// Takes a reference of its own on `object`, which may be null.
-    OdSmartPtr(T* object) : m_object(object)
+    OdSmartPtr(T* object)
+        : m_object(object)
     {
         if (m_object)
             m_object->addRef();
     }
-    OdSmartPtr(const OdSmartPtr& other) : OdSmartPtr(other.m_object) {}
-    OdSmartPtr(OdSmartPtr&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
+    OdSmartPtr(const OdSmartPtr& other)
+        : OdSmartPtr(other.m_object)
+    {
+    }
+    OdSmartPtr(OdSmartPtr&& other) noexcept
+        : m_object(std::exchange(other.m_object, nullptr))
+    {
+    }
     template <class U>
-    OdSmartPtr(const OdSmartPtr<U>& other) : OdSmartPtr(static_cast<T*>(other.get()))
+    OdSmartPtr(const OdSmartPtr<U>& other)
+        : OdSmartPtr(static_cast<T*>(other.get()))
     {
     }
     ~OdSmartPtr()

@@ -12,8 +12,14 @@ class OdString
 public:
     OdString() = default;
     /// Takes the text up to its NUL; a null pointer gives the empty text.
-    OdString(const wchar_t* text) : m_text(text ? text : L"") {}
-    OdString(std::wstring text) : m_text(std::move(text)) {}
+    OdString(const wchar_t* text)
+        : m_text(text ? text : L"")
+    {
+    }
+    OdString(std::wstring text)
+        : m_text(std::move(text))
+    {
+    }
 
     /// The text, ended by a NUL; valid until the object is changed or destroyed.
     const wchar_t* c_str() const noexcept { return m_text.c_str(); }

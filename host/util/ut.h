@@ -1,0 +1,26 @@
+// The host's configuration.
+
+#ifndef UTIL_UT_H
+#define UTIL_UT_H
+
+#include <wx/string.h>
+
+namespace ut
+{
+
+/// A numbered group of configuration values. The host's numbers are fixed.
+enum class ECfgGroup : int
+{
+    /// Folders and files, "PlotStylePath" (the folder of the plot style tables) among them.
+    Paths = 6,
+};
+
+/// Reads a configuration value. "PlotStylePath" of group 6 is looked up in the environment
+/// variable PSTYLE_PLOT_STYLE_PATH, then in the user's configuration file, then it is the folder of
+/// sample tables that is installed with the program. A value that is set but empty counts as set.
+/// @return the value; empty for one that nothing defines
+wxString getString(ECfgGroup group, const wxString& name);
+
+} // namespace ut
+
+#endif

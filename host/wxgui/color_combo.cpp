@@ -1,0 +1,165 @@
+// The combo box of colours.
+
+#include "wxgui/color_combo.h"
+
+#include <wx/bitmap.h>
+#include <wx/colordlg.h>
+#include <wx/dcmemory.h>
+#include <wx/intl.h>
+
+namespace wxg
+{
+
+wxIMPLEMENT_CLASS(ColorCombo, VariesCombo);
+
+namespace
+{
+
+constexpr int objectEntry = 0;
+constexpr int blackEntry = 7;
+constexpr int selectEntry = 8;
+constexpr int otherEntry = 9;
+
+const wxSize swatchSize(24, 12);
+
+OdCmEntityColor plainColor(OdCmEntityColor color)
+{
+    if (color.colorMethod() != OdCmEntityColor::kByACI)
+        return color;
+    OdCmEntityColor rgb;
+    rgb.setColor(0xC2000000 | OdCmEntityColor::lookUpRGB(color.colorIndex()));
+    return rgb;
+}
+
+OdCmEntityColor indexColor(int index)
+{
+    OdCmEntityColor color;
+    color.setColorIndex(index);
+    return color;
+}
+
+wxColour toolkitColor(OdCmEntityColor color)
+{
+    const OdCmEntityColor rgb = plainColor(color);
+    return {rgb.red(), rgb.green(), rgb.blue()};
+}
+
+wxString colorText(OdCmEntityColor color)
+{
+    if (color.colorMethod() == OdCmEntityColor::kByACI)
+        return wxString::Format(_("Color %d"), color.colorIndex());
+    return wxString::Format("%d,%d,%d", color.red(), color.green(), color.blue());
+}
+
+} // namespace
+
+ColorCombo::ColorCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, const wxSize& size,
+                       bool, unsigned, const OdDbObjectId&, int, bool, long, const OdString& title)
+    : VariesCombo(parent, id, pos, size)
+    , m_title(title.c_str())
+{
+    const wxString entries[] = {
+        _("Use entity color"),
+        _("Red"),
+        _("Yellow"),
+        _("Green"),
+        _("Cyan"),
+        _("Blue"),
+        _("Magenta"),
+        _("Black"),
+        _(L"Select color\u2026"),
+    };
+    for (const wxString& entry : entries)
+        Append(entry);
+    SetSelection(objectEntry);
+    Bind(wxEVT_COMBOBOX, &ColorCombo::onPicked, this);
+}
+
+void ColorCombo::setColor(OdCmEntityColor color)
+{
+    const bool isIndex = color.colorMethod() == OdCmEntityColor::kByACI;
+    const std::uint32_t rgb = color.color() & 0xFFFFFF;
+    if (isIndex && color.colorIndex() >= 1 && color.colorIndex() <= blackEntry)
+        SetSelection(color.colorIndex());
+    else if (!isIndex && rgb == 0xFFFFFF)
+        SetSelection(objectEntry);
+    else if (!isIndex && rgb == 0)
+        SetSelection(blackEntry);
+    else
+        selectOther(color);
+    m_selected = GetSelection();
+    Refresh();
+}
+
+void ColorCombo::selectOther(OdCmEntityColor color)
+{
+    m_other = color;
+    if (GetCount() == otherEntry)
+        Append(colorText(color));
+    else
+        SetString(otherEntry, colorText(color));
+    SetSelection(otherEntry);
+}
+
+std::optional<OdCmEntityColor> ColorCombo::color() const
+{
+    return entryColor(GetSelection());
+}
+
+std::optional<OdCmEntityColor> ColorCombo::entryColor(int item) const
+{
+    if (item == blackEntry)
+        return OdCmEntityColor(0, 0, 0);
+    if (item > objectEntry && item < blackEntry)
+        return indexColor(item);
+    if (item == otherEntry)
+        return m_other;
+    return std::nullopt;
+}
+
+wxBitmap ColorCombo::picture(int item) const
+{
+    const auto color = entryColor(item);
+    if (!color)
+        return wxNullBitmap;
+    wxBitmap bitmap(swatchSize);
+    wxMemoryDC dc(bitmap);
+    dc.SetPen(wxPen(wxColour(0x80, 0x80, 0x80)));
+    dc.SetBrush(wxBrush(toolkitColor(*color)));
+    dc.DrawRectangle(wxPoint(0, 0), swatchSize);
+    return bitmap;
+}
+
+wxSize ColorCombo::pictureSize() const
+{
+    return swatchSize;
+}
+
+// "Select color…" is a command, not a value: it becomes a picked colour or leaves no trace.
+void ColorCombo::onPicked(wxCommandEvent& event)
+{
+    if (GetSelection() == selectEntry && !askForColor())
+    {
+        SetSelection(m_selected);
+        return;
+    }
+    m_selected = GetSelection();
+    event.Skip();
+}
+
+bool ColorCombo::askForColor()
+{
+    wxColourData data;
+    data.SetChooseFull(true);
+    if (const auto current = entryColor(m_selected))
+        data.SetColour(toolkitColor(*current));
+    wxColourDialog dialog(this, &data);
+    dialog.SetTitle(m_title);
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    const wxColour picked = dialog.GetColourData().GetColour();
+    setColor({picked.Red(), picked.Green(), picked.Blue()});
+    return true;
+}
+
+} // namespace wxg

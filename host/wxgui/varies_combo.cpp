@@ -1,0 +1,109 @@
+// Drawing and keys of the picture combo boxes.
+
+#include "wxgui/varies_combo.h"
+
+#include <wx/dc.h>
+#include <wx/intl.h>
+#include <wx/settings.h>
+
+#include <algorithm>
+
+namespace wxg
+{
+
+wxIMPLEMENT_ABSTRACT_CLASS(VariesCombo, wxOwnerDrawnComboBox);
+
+namespace
+{
+
+constexpr int gap = 4;
+
+} // namespace
+
+VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, const wxSize& size)
+    : wxOwnerDrawnComboBox(parent, id, wxString(), pos, size, 0, nullptr, wxCB_READONLY)
+{
+    Bind(wxEVT_CHAR_HOOK, &VariesCombo::onCharHook, this);
+    Bind(wxEVT_COMBOBOX, &VariesCombo::onPicked, this);
+}
+
+void VariesCombo::setVaries(bool varies)
+{
+    if (varies == m_varies)
+        return;
+    m_varies = varies;
+    Refresh();
+}
+
+void VariesCombo::onPicked(wxCommandEvent& event)
+{
+    setVaries(false);
+    event.Skip();
+}
+
+// The toolkit hands Escape on to the dialog, which would take it for Cancel.
+void VariesCombo::onCharHook(wxKeyEvent& event)
+{
+    if (IsPopupShown() && event.GetKeyCode() == WXK_ESCAPE)
+        Dismiss();
+    else
+        event.Skip();
+}
+
+// A field without a selected entry is drawn by the background alone.
+void VariesCombo::OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int flags) const
+{
+    wxOwnerDrawnComboBox::OnDrawBackground(dc, rect, item, flags);
+    if (item < 0 && m_varies)
+        drawText(dc, rect, _("Varies"), flags);
+}
+
+void VariesCombo::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) const
+{
+    const bool isField = flags & wxODCB_PAINTING_CONTROL;
+    if (isField && m_varies)
+    {
+        drawText(dc, rect, _("Varies"), flags);
+        return;
+    }
+    const wxSize room = pictureSize();
+    const wxBitmap bitmap = picture(item);
+    if (bitmap.IsOk())
+    {
+        const wxSize size = bitmap.GetLogicalSize();
+        const wxPoint corner =
+            rect.GetPosition() + wxPoint(gap + (room.x - size.x) / 2, (rect.height - size.y) / 2);
+        const bool disabled = isField && !IsThisEnabled();
+        dc.DrawBitmap(disabled ? bitmap.ConvertToDisabled() : bitmap, corner, true);
+    }
+    if (!showsText())
+        return;
+    wxRect textRect = rect;
+    const int indent = room.x > 0 ? room.x + gap : 0;
+    textRect.x += indent;
+    textRect.width -= indent;
+    drawText(dc, textRect, GetString(static_cast<unsigned>(item)), flags);
+}
+
+void VariesCombo::drawText(wxDC& dc, const wxRect& rect, const wxString& text, int flags) const
+{
+    const bool isField = flags & wxODCB_PAINTING_CONTROL;
+    if (isField && (m_varies || !IsEnabled()))
+        dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+    wxRect inner = rect;
+    inner.Deflate(gap, 0);
+    dc.DrawLabel(text, inner, wxALIGN_LEFT | wxALIGN_CENTRE_VERTICAL);
+}
+
+wxCoord VariesCombo::OnMeasureItem(size_t) const
+{
+    return std::max(GetCharHeight(), pictureSize().y) + 2 * gap;
+}
+
+wxCoord VariesCombo::OnMeasureItemWidth(size_t item) const
+{
+    const int text = showsText() ? GetTextExtent(GetString(static_cast<unsigned>(item))).x : 0;
+    return pictureSize().x + text + 3 * gap;
+}
+
+} // namespace wxg

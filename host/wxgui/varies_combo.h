@@ -1,0 +1,47 @@
+// What the host's picture combo boxes have in common.
+
+#ifndef WXGUI_VARIES_COMBO_H
+#define WXGUI_VARIES_COMBO_H
+
+#include <wx/odcombo.h>
+
+namespace wxg
+{
+
+/// A drop-down list that draws a picture before each entry's text, and whose closed field can say
+/// that several values are meant at once. Sends wxEVT_COMBOBOX when the user picks an entry, the
+/// current one included; Escape closes an open list and nothing else.
+class VariesCombo : public wxOwnerDrawnComboBox
+{
+public:
+    /// Shows the greyed text "Varies" in the closed field, whatever is selected. Cleared when the
+    /// user picks an entry.
+    void setVaries(bool varies);
+    bool varies() const { return m_varies; }
+
+protected:
+    VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, const wxSize& size);
+
+    /// The picture of an entry, to be drawn at its own size; may be invalid for none.
+    virtual wxBitmap picture(int item) const = 0;
+    /// The room kept for pictures before the text of every entry.
+    virtual wxSize pictureSize() const = 0;
+    virtual bool showsText() const { return true; }
+
+private:
+    void OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) const override;
+    void OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int flags) const override;
+    wxCoord OnMeasureItem(size_t item) const override;
+    wxCoord OnMeasureItemWidth(size_t item) const override;
+    void drawText(wxDC& dc, const wxRect& rect, const wxString& text, int flags) const;
+    void onCharHook(wxKeyEvent& event);
+    void onPicked(wxCommandEvent& event);
+
+    bool m_varies = false;
+
+    wxDECLARE_CLASS(VariesCombo);
+};
+
+} // namespace wxg
+
+#endif

@@ -1,0 +1,93 @@
+// Writing a table as comma-separated text.
+
+#include "psl_csv.h"
+
+#include "psl_lineweights.h"
+
+#include "odps/od_ps.h"
+
+#include <wx/filename.h>
+#include <wx/textfile.h>
+
+namespace
+{
+
+const char* const separator = ",,";
+
+wxString styleLine(const OdPsPlotStyle& style)
+{
+    OdPsPlotStyleData data;
+    style.getData(data);
+    return wxString::Format(",%ls,%ls,%ls,%.8X,%d,%d,%d,%d,%g,%d,%d,%d,%d,%d,%d",
+                            style.name().c_str(), style.localizedName().c_str(),
+                            style.description().c_str(), data.color.color(), int(data.colorPolicy),
+                            int(data.physicalPenNumber), int(data.virtualPenNumber),
+                            int(data.screening), data.linePatternSize, int(data.linetype),
+                            int(data.adaptiveLinetype), lineweightIndex(data.lineweight),
+                            int(data.fillStyle), int(data.endStyle), int(data.joinStyle));
+}
+
+void addSettings(wxArrayString& lines, const OdPsPlotStyleTable& table, const wxString& fileName)
+{
+    lines.Add("PLOTSTYLE_TABLE,,");
+    lines.Add(wxString::Format(",FileName,%ls", fileName));
+    lines.Add(wxString::Format(",Description,%ls", table.description().c_str()));
+    lines.Add(wxString::Format(",ScaleFactor,%.6lf", table.scaleFactor()));
+    lines.Add(wxString::Format(",ApplyFactor,%d", int(table.isApplyScaleFactor())));
+    lines.Add(wxString::Format(",AciTableAvailable,%d", int(table.isColorDependent())));
+    lines.Add(
+        wxString::Format(",CustomLineWeightUnits,%d", int(table.isDisplayCustomLineweightUnits())));
+    lines.Add(separator);
+}
+
+void addColors(wxArrayString& lines, const OdPsPlotStyleTable& table)
+{
+    lines.Add("ACI_TABLE,,");
+    for (int s = 0; s < table.styleCount(); ++s)
+        lines.Add(wxString::Format(",%d,%ls", s, table.styleAt(s)->name().c_str()));
+    lines.Add(separator);
+}
+
+void addStyles(wxArrayString& lines, const OdPsPlotStyleTable& table)
+{
+    lines.Add("STYLES,,");
+    lines.Add(",Name,LocalizedName,Description,Color,ColorPolicy,PhysPenNum,VirtPenNum,Screening,"
+              "LinePatSize,LineType,Adaptive,LineWeight,FillStyle,EndStyle,JoinStyle");
+    for (int s = 0; s < table.styleCount(); ++s)
+        lines.Add(styleLine(*table.styleAt(s)));
+    lines.Add(separator);
+}
+
+void addLineWeights(wxArrayString& lines, const OdPsPlotStyleTable& table)
+{
+    lines.Add("LINE_WEIGHTS,,");
+    for (int i = 0; i < lineWeightRows; ++i)
+        lines.Add(wxString::Format(",%d,%.6lf", i, table.lineweightAt(i)));
+}
+
+} // namespace
+
+wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName)
+{
+    wxArrayString lines;
+    addSettings(lines, table, fileName);
+    if (table.isColorDependent())
+        addColors(lines, table);
+    addStyles(lines, table);
+    addLineWeights(lines, table);
+    return lines;
+}
+
+bool exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const wxString& path)
+{
+    wxTextFile file;
+    const bool isOpen = wxFileName::FileExists(path) ? file.Open(path) : file.Create(path);
+    if (!isOpen)
+        return false;
+    file.Clear();
+    for (const wxString& line : csvLines(table, fileName))
+        file.AddLine(line);
+    file.Write(wxTextFileType_None, wxConvAuto());
+    file.Close();
+    return true;
+}

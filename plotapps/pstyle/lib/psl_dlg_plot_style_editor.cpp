@@ -1,0 +1,384 @@
+// The editor's frame: construction, initialisation, events, the General page and the transfer of
+// values between controls and table.
+
+#include "psl_dlg_plot_style_editor.h"
+
+#include "psl.h"
+#include "psl_editor_controls.h"
+#include "psl_path_text.h"
+
+#include "odps/od_db_object_id.h"
+#include "wxgui/color_combo.h"
+#include "wxgui/image_combo.h"
+#include "wxgui/wxgui.h"
+#include "wxutils/wut.h"
+
+#include <wx/checkbox.h>
+#include <wx/combobox.h>
+#include <wx/dcclient.h>
+#include <wx/imaglist.h>
+#include <wx/intl.h>
+#include <wx/listctrl.h>
+#include <wx/notebook.h>
+#include <wx/radiobut.h>
+#include <wx/spinctrl.h>
+#include <wx/statbmp.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/valgen.h>
+#include <wx/valtext.h>
+#include <wx/xrc/xmlres.h>
+
+#include <cmath>
+
+wxIMPLEMENT_CLASS(DlgPlotStyleEditor, wxDialog);
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(DlgPlotStyleEditor, wxDialog)
+    EVT_INIT_DIALOG(DlgPlotStyleEditor::onInitDialog)
+    EVT_BUTTON(wxID_OK, DlgPlotStyleEditor::onOk)
+    EVT_BUTTON(wxID_CANCEL, DlgPlotStyleEditor::onCancel)
+    EVT_BUTTON(XRCID("BtnStyleAddGrid"), DlgPlotStyleEditor::onStyleAdd)
+    EVT_BUTTON(XRCID("BtnStyleAddForm"), DlgPlotStyleEditor::onStyleAdd)
+    EVT_BUTTON(XRCID("BtnStyleDelGrid"), DlgPlotStyleEditor::onStyleDel)
+    EVT_BUTTON(XRCID("BtnStyleDelForm"), DlgPlotStyleEditor::onStyleDel)
+    EVT_BUTTON(XRCID("BtnOpen"), DlgPlotStyleEditor::onOpen)
+    EVT_BUTTON(XRCID("BtnSaveAs"), DlgPlotStyleEditor::onSaveAs)
+    EVT_BUTTON(XRCID("BtnExport"), DlgPlotStyleEditor::onExport)
+    EVT_BUTTON(XRCID("BtnLwEdit"), DlgPlotStyleEditor::onLwEdit)
+    EVT_BUTTON(XRCID("BtnLwSort"), DlgPlotStyleEditor::onLwSort)
+    EVT_RADIOBUTTON(XRCID("RadLwMm"), DlgPlotStyleEditor::onLwMm)
+    EVT_RADIOBUTTON(XRCID("RadLwIn"), DlgPlotStyleEditor::onLwIn)
+    EVT_UPDATE_UI(XRCID("TextScale"), DlgPlotStyleEditor::onUpdateUIScale)
+    EVT_UPDATE_UI(XRCID("StatScale"), DlgPlotStyleEditor::onUpdateUIScale)
+    EVT_UPDATE_UI(XRCID("BtnStyleDelGrid"), DlgPlotStyleEditor::onUpdateUIStyleDelGrid)
+    EVT_UPDATE_UI(XRCID("BtnStyleDelForm"), DlgPlotStyleEditor::onUpdateUIStyleDelForm)
+    EVT_UPDATE_UI(XRCID("BtnLwEdit"), DlgPlotStyleEditor::onUpdateUILwEdit)
+    EVT_UPDATE_UI(XRCID("ComboColor"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("CheckDither"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("CheckGrayscale"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("SpinPhysPen"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("SpinVirtPen"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("SpinScreening"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("ComboLineType"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("CheckAdaptive"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("ComboLineWeight"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("ComboEndStyle"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("ComboJoinStyle"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(XRCID("ComboFillStyle"), DlgPlotStyleEditor::onUpdateUIStyleField)
+    EVT_UPDATE_UI(wxID_OK, DlgPlotStyleEditor::onUpdateUISave)
+    EVT_UPDATE_UI(XRCID("BtnSaveAs"), DlgPlotStyleEditor::onUpdateUISave)
+    EVT_UPDATE_UI(XRCID("BtnExport"), DlgPlotStyleEditor::onUpdateUISave)
+    EVT_LIST_BEGIN_LABEL_EDIT(wxID_ANY, DlgPlotStyleEditor::onBeginLabelEdit)
+    EVT_LIST_END_LABEL_EDIT(wxID_ANY, DlgPlotStyleEditor::onEndLabelEdit)
+    EVT_LIST_ITEM_SELECTED(XRCID("ListStyles"), DlgPlotStyleEditor::onStyleSelected)
+    EVT_LIST_ITEM_DESELECTED(XRCID("ListStyles"), DlgPlotStyleEditor::onStyleSelected)
+    EVT_COMBOBOX(wxID_ANY, DlgPlotStyleEditor::onComboChanged)
+    EVT_CHECKBOX(wxID_ANY, DlgPlotStyleEditor::onCheckChanged)
+    EVT_SPINCTRL(wxID_ANY, DlgPlotStyleEditor::onSpinChanged)
+    EVT_SIZE(DlgPlotStyleEditor::onSize)
+    EVT_PAINT(DlgPlotStyleEditor::onPaint)
+wxEND_EVENT_TABLE()
+    // clang-format on
+
+    DlgPlotStyleEditor::DlgPlotStyleEditor(const wxString& fileName, const wxString& sourceFile,
+                                           wxWindow* parent)
+    : m_fileName(fileName)
+    , m_sourceFile(sourceFile)
+{
+    wut::loadDialog(this, parent, "DlgPlotStyleEditor");
+}
+
+DlgPlotStyleEditor::~DlgPlotStyleEditor() = default;
+
+// The event is not skipped: the default handling would transfer the values once more.
+void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
+{
+    constexpr int width = 600;
+    SetSize(width, -1);
+    Centre(wxBOTH);
+
+    constexpr size_t tableViewPage = 1;
+    wxNotebook* book = control<wxNotebook>("NoteBook");
+    wxWindow* tableView = book->GetPage(tableViewPage);
+    book->RemovePage(tableViewPage);
+    tableView->Hide();
+
+    fillColorImages();
+    replaceCombos();
+    preparePens();
+    setValidators();
+    fillLists();
+    load();
+    SetFocus();
+}
+
+void DlgPlotStyleEditor::fillColorImages()
+{
+    wxImage box = wxXmlResource::Get()->LoadBitmap("BmpStyleColorBox").ConvertToImage();
+    if (wxg::isDpiForLargeIcons())
+        box.Rescale(32, 32);
+    m_colorImages = std::make_unique<wxImageList>(box.GetWidth(), box.GetHeight());
+    constexpr int black = 7;
+    for (int index = 1; index <= 255; ++index)
+    {
+        const std::uint32_t rgb = index == black ? 0 : OdCmEntityColor::lookUpRGB(index);
+        wxImage swatch = box.Copy();
+        swatch.Replace(0, 255, 0, static_cast<unsigned char>(rgb >> 16),
+                       static_cast<unsigned char>(rgb >> 8), static_cast<unsigned char>(rgb));
+        m_colorImages->Add(wxBitmap(swatch));
+    }
+}
+
+namespace
+{
+
+struct ImageItem
+{
+    int value;
+    const char* bitmap;
+};
+
+// clang-format off
+const ImageItem endStyleItems[] = {
+    {4, nullptr},
+    {0, "BmpEndStyleButt"}, {1, "BmpEndStyleSquare"},
+    {2, "BmpEndStyleRound"}, {3, "BmpEndStyleDiamond"},
+};
+
+const ImageItem joinStyleItems[] = {
+    {5, nullptr},
+    {0, "BmpJoinStyleMiter"}, {1, "BmpJoinStyleBevel"},
+    {2, "BmpJoinStyleRound"}, {3, "BmpJoinStyleDiamond"},
+};
+
+const ImageItem fillStyleItems[] = {
+    {73, nullptr},
+    {64, "BmpFillStyleSolid"}, {65, "BmpFillStyleCheckerboard"},
+    {66, "BmpFillStyleCrosshatch"}, {67, "BmpFillStyleDiamonds"},
+    {68, "BmpFillStyleHorizontalBars"}, {69, "BmpFillStyleSlantLeft"},
+    {70, "BmpFillStyleSlantRight"}, {71, "BmpFillStyleSquareDots"},
+    {72, "BmpFillStyleVerticalBars"},
+};
+// clang-format on
+
+template <std::size_t count>
+void appendItems(wxg::ImageCombo* combo, const ImageItem (&items)[count], wxString (*text)(int))
+{
+    for (const ImageItem& item : items)
+        combo->appendItem(text(item.value), item.value,
+                          item.bitmap ? wxXmlResource::Get()->LoadBitmap(item.bitmap)
+                                      : wxNullBitmap);
+}
+
+void appendLineTypes(wxg::ImageCombo* combo)
+{
+    constexpr int objectLineType = 31;
+    combo->setImageSize(wxSize(80, 6));
+    combo->appendItem(strLineType(objectLineType), objectLineType);
+    for (int type = 0; type < objectLineType; ++type)
+        combo->appendItem(
+            strLineType(type), type,
+            wxXmlResource::Get()->LoadBitmap(wxString::Format("BmpLineType%02d", type)));
+}
+
+} // namespace
+
+void DlgPlotStyleEditor::replaceCombos()
+{
+    wxComboBox* color = control<wxComboBox>("ComboColor");
+    auto* colorCombo = new wxg::ColorCombo(color->GetParent(), color->GetId(), color->GetPosition(),
+                                           color->GetSize(), true, 0, OdDbObjectId(), 41, false, 0,
+                                           OdString(_("Color Control").wc_str()));
+    wxg::replaceWnd(color, colorCombo);
+    color->Destroy();
+
+    appendLineTypes(replaceImageCombo(control<wxComboBox>("ComboLineType")));
+    appendItems(replaceImageCombo(control<wxComboBox>("ComboEndStyle")), endStyleItems,
+                strEndStyle);
+    appendItems(replaceImageCombo(control<wxComboBox>("ComboJoinStyle")), joinStyleItems,
+                strJoinStyle);
+    appendItems(replaceImageCombo(control<wxComboBox>("ComboFillStyle")), fillStyleItems,
+                strFillStyle);
+    wxg::ImageCombo* lineWeight = replaceImageCombo(control<wxComboBox>("ComboLineWeight"));
+    lineWeight->setImageSize(wxSize(80, 14));
+    lineWeight->appendItem(_("Use object lineweight"), 0);
+}
+
+// The pen fields show words for 0, which the user replaces by typing a number.
+void DlgPlotStyleEditor::preparePens()
+{
+    for (const char* name : {"SpinPhysPen", "SpinVirtPen"})
+    {
+        wxSpinCtrl* spin = control<wxSpinCtrl>(name);
+        wxg::allowSpinText(spin);
+        const auto selectWord = [spin]
+        {
+            if (spin->GetValue() == 0)
+                spin->SetSelection(-1, -1);
+        };
+        spin->Bind(wxEVT_LEFT_UP,
+                   [selectWord](wxMouseEvent& event)
+                   {
+                       event.Skip();
+                       selectWord();
+                   });
+        spin->Bind(wxEVT_SET_FOCUS,
+                   [spin, selectWord](wxFocusEvent& event)
+                   {
+                       event.Skip();
+                       spin->CallAfter(selectWord);
+                   });
+    }
+}
+
+void DlgPlotStyleEditor::setValidators()
+{
+    const auto bindText = [this](const char* name, wxString& value, long filter)
+    { control<wxTextCtrl>(name)->SetValidator(wxTextValidator(filter, &value)); };
+    const auto bindValue = [this](const char* name, auto& value)
+    { control<wxWindow>(name)->SetValidator(wxGenericValidator(&value)); };
+
+    bindText("TextTableDescr", m_tableDescription, wxFILTER_NONE);
+    bindValue("CheckScale", m_applyScale);
+    bindText("TextScale", m_scaleText, wxFILTER_NUMERIC);
+    bindText("TextStyleDescr", m_styleDescription, wxFILTER_NONE);
+    bindValue("SpinPhysPen", m_physicalPen);
+    bindValue("SpinVirtPen", m_virtualPen);
+    bindValue("SpinScreening", m_screening);
+    bindValue("RadLwMm", m_unitsMm);
+    bindValue("RadLwIn", m_unitsIn);
+}
+
+void DlgPlotStyleEditor::fillLists()
+{
+    control<wxListCtrl>("ListStyles")->InsertColumn(0, _("Name"));
+
+    wxListCtrl* lineWeights = control<wxListCtrl>("ListLineWeights");
+    lineWeights->InsertColumn(0, _("Value"), wxLIST_FORMAT_LEFT, 160);
+    auto* marks = new wxImageList(16, 16);
+    for (const char* mark : {"MarkEmpty", "MarkCheck"})
+        marks->Add(wxXmlResource::Get()->LoadBitmap(mark));
+    lineWeights->AssignImageList(marks, wxIMAGE_LIST_SMALL);
+    auto* combo = control<wxg::ImageCombo>("ComboLineWeight");
+    for (int row = 0; row < lineWeightRows; ++row)
+    {
+        lineWeights->InsertItem(row, wxString(), 0);
+        combo->appendItem(wxString(), row + 1);
+    }
+
+    updateListWidths();
+}
+
+bool DlgPlotStyleEditor::TransferDataToWindow()
+{
+    const auto show = [this](const char* name, int state)
+    {
+        wxCheckBox* box = control<wxCheckBox>(name);
+        const bool isPossible = state != wxCHK_UNDETERMINED || box->Is3State();
+        box->Set3StateValue(
+            static_cast<wxCheckBoxState>(isPossible ? state : int(wxCHK_UNCHECKED)));
+    };
+    show("CheckDither", m_dither);
+    show("CheckGrayscale", m_grayscale);
+    show("CheckAdaptive", m_adaptive);
+    return wxDialog::TransferDataToWindow();
+}
+
+bool DlgPlotStyleEditor::TransferDataFromWindow()
+{
+    if (!wxDialog::TransferDataFromWindow() || m_table.isNull())
+        return false;
+    const OdString description(m_tableDescription.wc_str());
+    if (description != m_table->description())
+    {
+        m_table->setDescription(description);
+        m_modified = true;
+    }
+    if (m_applyScale != m_table->isApplyScaleFactor())
+    {
+        m_table->setApplyScaleFactor(m_applyScale);
+        m_modified = true;
+    }
+    transferScaleFactor();
+    const auto state = [this](const char* name) -> int
+    {
+        const wxCheckBox* box = control<wxCheckBox>(name);
+        return box->Get3StateValue();
+    };
+    m_dither = state("CheckDither");
+    m_grayscale = state("CheckGrayscale");
+    m_adaptive = state("CheckAdaptive");
+    return true;
+}
+
+// The text shows six digits of the factor; a factor with more of them keeps them until the user
+// changes the text.
+void DlgPlotStyleEditor::transferScaleFactor()
+{
+    double factor = 0;
+    if (m_scaleText == scaleFactorText() || !m_scaleText.ToDouble(&factor) ||
+        !std::isfinite(factor))
+        return;
+    if (std::abs(factor - m_table->scaleFactor()) > 1e-10)
+    {
+        m_table->setScaleFactor(factor);
+        m_modified = true;
+    }
+}
+
+wxString DlgPlotStyleEditor::scaleFactorText() const
+{
+    return wxString::Format("%g", m_table->scaleFactor());
+}
+
+void DlgPlotStyleEditor::updateFileInfo()
+{
+    updateFileName();
+    updateNumStyles();
+    control<wxStaticBitmap>("StatFileIcon")
+        ->SetBitmap(wxXmlResource::Get()->LoadBitmap(isCtb() ? "BmpCTB" : "BmpSTB"));
+    // Colour-dependent tables are the older kind, which drawings have been moving away from.
+    const wxString type = m_table.isNull() ? _("No table")
+                          : isCtb()        ? _("Legacy (can be used to import old DWGs)")
+                                           : _("Regular");
+    control<wxStaticText>("StatFileType")->SetLabel(type);
+}
+
+void DlgPlotStyleEditor::updateFileName()
+{
+    const wxString name = m_fileName.GetFullName();
+    SetTitle(wxString::Format(_("Plot Style Table Editor - %ls"), name));
+    control<wxStaticText>("StatFileName")->SetLabelText(name);
+    updateFilePath();
+}
+
+void DlgPlotStyleEditor::updateFilePath()
+{
+    wxStaticText* label = control<wxStaticText>("StatFilePath");
+    if (!label->IsShown())
+        return;
+    const wxString text = _("Path: ") + m_fileName.GetFullPath();
+    const auto measure = [label](const wxString& s) { return label->GetTextExtent(s).x; };
+    const wxString fitted = fitPath(text, label->GetClientSize().x, measure);
+    // Called from the paint handler: setting the same text would paint again, for ever.
+    if (label->GetLabelText() != fitted)
+        label->SetLabelText(fitted);
+}
+
+void DlgPlotStyleEditor::onPaint(wxPaintEvent&)
+{
+    wxPaintDC dc(this);
+    updateListWidths();
+    updateFilePath();
+}
+
+void DlgPlotStyleEditor::onSize(wxSizeEvent& event)
+{
+    event.Skip();
+}
+
+void DlgPlotStyleEditor::onUpdateUIScale(wxUpdateUIEvent& event)
+{
+    event.Enable(control<wxCheckBox>("CheckScale")->IsChecked());
+}

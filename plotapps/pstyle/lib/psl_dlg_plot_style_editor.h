@@ -1,0 +1,172 @@
+// The plot style table editor.
+
+#ifndef PSL_DLG_PLOT_STYLE_EDITOR_H
+#define PSL_DLG_PLOT_STYLE_EDITOR_H
+
+#include "psl_api.h"
+#include "psl_lineweights.h"
+
+#include "odps/od_ps.h"
+
+#include <wx/dialog.h>
+#include <wx/filename.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class wxComboBox;
+class wxFileDialog;
+class wxImageList;
+class wxListCtrl;
+class wxListEvent;
+class wxSpinCtrl;
+class wxSpinEvent;
+
+namespace wxg
+{
+class ImageCombo;
+}
+
+/// The dialog in which one plot style table file is edited: its general settings, its styles and
+/// its lineweights. Edits change the table in memory; nothing reaches the disk until a save.
+class PSL_API DlgPlotStyleEditor : public wxDialog
+{
+public:
+    /// Changes one property in a style's record.
+    using StyleChange = std::function<void(OdPsPlotStyleData&)>;
+
+    /// Builds the dialog; the table is read when the dialog is shown.
+    /// @param fileName    the table file to edit and save; need not exist
+    /// @param sourceFile  a table file whose contents are read in its stead; empty for none
+    /// @param parent      the parent window, or null
+    DlgPlotStyleEditor(const wxString& fileName, const wxString& sourceFile, wxWindow* parent);
+    ~DlgPlotStyleEditor() override;
+
+    bool TransferDataToWindow() override;
+    bool TransferDataFromWindow() override;
+
+private:
+    // The frame and the General page
+    void onInitDialog(wxInitDialogEvent& event);
+    void onUpdateUIScale(wxUpdateUIEvent& event);
+    void onSize(wxSizeEvent& event);
+    void onPaint(wxPaintEvent& event);
+
+    // File operations
+    void onOk(wxCommandEvent& event);
+    void onCancel(wxCommandEvent& event);
+    void onOpen(wxCommandEvent& event);
+    void onSaveAs(wxCommandEvent& event);
+    void onExport(wxCommandEvent& event);
+    void onUpdateUISave(wxUpdateUIEvent& event);
+
+    // The style list
+    void onStyleAdd(wxCommandEvent& event);
+    void onStyleDel(wxCommandEvent& event);
+    void onUpdateUIStyleDelGrid(wxUpdateUIEvent& event);
+    void onUpdateUIStyleDelForm(wxUpdateUIEvent& event);
+    void onBeginLabelEdit(wxListEvent& event);
+    void onEndLabelEdit(wxListEvent& event);
+    void onStyleSelected(wxListEvent& event);
+
+    // The properties of the selected styles
+    void onUpdateUIStyleField(wxUpdateUIEvent& event);
+    void onComboChanged(wxCommandEvent& event);
+    void onCheckChanged(wxCommandEvent& event);
+    void onSpinChanged(wxSpinEvent& event);
+
+    // The lineweight list
+    void onLwEdit(wxCommandEvent& event);
+    void onLwSort(wxCommandEvent& event);
+    void onLwMm(wxCommandEvent& event);
+    void onLwIn(wxCommandEvent& event);
+    void onUpdateUILwEdit(wxUpdateUIEvent& event);
+
+    void fillColorImages();
+    void replaceCombos();
+    void preparePens();
+    void setValidators();
+    void fillLists();
+    void updateFileInfo();
+    void updateFileName();
+    void updateFilePath();
+
+    void load();
+    OdPsPlotStyleTablePtr readTable(const wxString& path) const;
+    void takeTableValues();
+    void takeNoTable(const wxString& path);
+    bool save(const wxString& path);
+    bool checkSave();
+    bool isCtb() const;
+    void commitPendingEdit();
+    void transferScaleFactor();
+    wxString scaleFactorText() const;
+
+    void updateStyles();
+    void updateNumStyles();
+    void updateStyleButtons();
+    void updateListWidths();
+    bool isFormViewCurrent() const;
+    bool isEditable(const std::vector<int>& selectedStyles) const;
+    std::vector<int> selectedStyles() const;
+    wxString askForStyleName();
+    void insertStyle(const wxString& name, int index, const OdPsPlotStylePtr& model);
+    void stylesChanged();
+    void endStyleEdit(wxListEvent& event);
+    void renameStyle(const OdPsPlotStylePtr& style, const wxString& name);
+
+    void updateStyleFields();
+    void updatePenText(wxSpinCtrl* spin, bool varies);
+    bool changeSelectedStyles(const StyleChange& change);
+
+    void updateLineWeights(bool keepComboSelection);
+    void updateLineWeightUse(bool refreshList);
+    void sortLineWeights();
+    void setLineWeightUnits(bool inches);
+    void endLineWeightEdit(wxListEvent& event);
+
+    /// The control with this resource name.
+    template <class Control>
+    Control* control(const char* name) const;
+
+    wxFileName m_fileName;
+    wxString m_sourceFile;
+    bool m_modified = false;
+    int m_styleCount = 0;
+    OdPsPlotStyleTablePtr m_table;
+    wxString m_tableDescription;
+    wxString m_styleDescription;
+    bool m_applyScale = false;
+    wxString m_scaleText = "1";
+    int m_dither = wxCHK_UNCHECKED;
+    int m_grayscale = wxCHK_UNCHECKED;
+    int m_physicalPen = 0;
+    int m_virtualPen = 0;
+    int m_screening = 100;
+    int m_adaptive = wxCHK_UNCHECKED;
+    bool m_unitsMm = true;
+    bool m_unitsIn = false;
+    /// The swatches of the colour indices; image i shows index i + 1.
+    std::unique_ptr<wxImageList> m_colorImages;
+    bool m_physicalPenVaries = false;
+    bool m_virtualPenVaries = false;
+    /// Also the image of each row of the lineweight list.
+    LineWeightUse m_lineWeightUse{};
+    /// The edit control whose label was refused last, while its edit goes on.
+    const void* m_vetoedEdit = nullptr;
+
+    wxDECLARE_CLASS(DlgPlotStyleEditor);
+    wxDECLARE_EVENT_TABLE();
+};
+
+/// Finds a style by its localized name, without regard to case.
+/// @param flag  has no effect; hosts pass it
+/// @return the style's index, or -1
+PSL_API int findStyle(OdPsPlotStyleTable* table, const wxString& name, bool flag);
+
+/// Puts an image combo box in the place of a combo box and destroys the latter.
+/// @return the new control, which its parent owns
+PSL_API wxg::ImageCombo* replaceImageCombo(wxComboBox* combo);
+
+#endif

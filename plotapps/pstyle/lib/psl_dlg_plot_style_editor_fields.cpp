@@ -1,0 +1,232 @@
+// The editor's fields for the properties of the selected styles.
+
+#include "psl_dlg_plot_style_editor.h"
+
+#include "psl_editor_controls.h"
+#include "psl_style_fields.h"
+
+#include "wxgui/color_combo.h"
+#include "wxgui/image_combo.h"
+#include "wxgui/wxgui.h"
+
+#include <wx/checkbox.h>
+#include <wx/combobox.h>
+#include <wx/intl.h>
+#include <wx/spinctrl.h>
+#include <wx/textctrl.h>
+
+wxg::ImageCombo* replaceImageCombo(wxComboBox* combo)
+{
+    auto* imageCombo = new wxg::ImageCombo(combo->GetParent(), combo->GetId(), combo->GetPosition(),
+                                           combo->GetSize(), true);
+    wxg::replaceWnd(combo, imageCombo);
+    combo->Destroy();
+    return imageCombo;
+}
+
+namespace
+{
+
+void showCheck(wxCheckBox* box, int value)
+{
+    if (value == fieldDiffers)
+        box->Set3StateValue(box->Is3State() ? wxCHK_UNDETERMINED : wxCHK_UNCHECKED);
+    else
+        box->Set3StateValue(value == fieldUnset || value == 0 ? wxCHK_UNCHECKED : wxCHK_CHECKED);
+}
+
+void showSpin(wxSpinCtrl* spin, int value)
+{
+    if (value == fieldUnset)
+        spin->SetValue(wxString());
+    else
+        spin->SetValue(value == fieldDiffers ? 0 : value);
+}
+
+void showValue(wxg::ImageCombo* combo, int value)
+{
+    combo->setVaries(value == fieldDiffers);
+    combo->setValue(value);
+}
+
+// A colour that an index has exactly is shown under that index.
+OdCmEntityColor shownColor(std::uint32_t rgb)
+{
+    OdCmEntityColor color(static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8),
+                          static_cast<std::uint8_t>(rgb));
+    const int index = OdCmEntityColor::lookUpACI(color.red(), color.green(), color.blue());
+    if (OdCmEntityColor::lookUpRGB(index) == rgb)
+        color.setColorIndex(index);
+    return color;
+}
+
+void showColor(wxg::ColorCombo* combo, const Gathered<std::uint32_t>& color)
+{
+    constexpr int blackEntry = 7;
+    combo->setVaries(color.state == color.Differs);
+    if (color.state != color.Same || color.value == objectColor)
+        combo->SetSelection(0);
+    else if (color.value == 0)
+        combo->SetSelection(blackEntry);
+    else
+        combo->setColor(shownColor(color.value));
+}
+
+} // namespace
+
+void DlgPlotStyleEditor::updateStyleFields()
+{
+    OdArray<OdPsPlotStylePtr> styles;
+    if (!m_table.isNull())
+        for (const int row : selectedStyles())
+            styles.push_back(m_table->styleAt(row));
+    const StyleFields fields = gatherStyleFields(styles);
+
+    control<wxTextCtrl>("TextStyleDescr")->ChangeValue(fields.description.value.c_str());
+    showCheck(control<wxCheckBox>("CheckDither"), fields.dither);
+    showCheck(control<wxCheckBox>("CheckGrayscale"), fields.grayscale);
+    showCheck(control<wxCheckBox>("CheckAdaptive"), fields.adaptive);
+    showColor(control<wxg::ColorCombo>("ComboColor"), fields.color);
+    showValue(control<wxg::ImageCombo>("ComboLineType"), fields.lineType);
+    showValue(control<wxg::ImageCombo>("ComboLineWeight"), fields.lineWeight);
+    showValue(control<wxg::ImageCombo>("ComboEndStyle"), fields.endStyle);
+    showValue(control<wxg::ImageCombo>("ComboJoinStyle"), fields.joinStyle);
+    showValue(control<wxg::ImageCombo>("ComboFillStyle"), fields.fillStyle);
+    m_physicalPenVaries = fields.physicalPen == fieldDiffers;
+    m_virtualPenVaries = fields.virtualPen == fieldDiffers;
+    showSpin(control<wxSpinCtrl>("SpinPhysPen"), fields.physicalPen);
+    showSpin(control<wxSpinCtrl>("SpinVirtPen"), fields.virtualPen);
+    showSpin(control<wxSpinCtrl>("SpinScreening"), fields.screening);
+}
+
+bool DlgPlotStyleEditor::changeSelectedStyles(const StyleChange& change)
+{
+    if (!isFormViewCurrent() || m_table.isNull())
+        return false;
+    const std::vector<int> rows = selectedStyles();
+    if (rows.empty())
+        return false;
+    for (const int row : rows)
+    {
+        const bool isProtected = row == 0 && !m_table->isColorDependent();
+        if (isProtected)
+            continue;
+        const OdPsPlotStylePtr style = m_table->styleAt(row);
+        OdPsPlotStyleData data;
+        style->getData(data);
+        change(data);
+        style->setData(data);
+    }
+    m_modified = true;
+    return true;
+}
+
+namespace
+{
+
+using Data = OdPsPlotStyleData;
+
+/// A control of one property and what its value does to a style's record.
+struct Field
+{
+    const char* name;
+    void (*change)(Data& data, int value);
+};
+
+std::int16_t toInt16(int value)
+{
+    return static_cast<std::int16_t>(value);
+}
+
+const Field comboFields[] = {
+    {"ComboLineType", [](Data& data, int value) { data.linetype = toInt16(value); }},
+    {"ComboLineWeight", [](Data& data, int value) { data.lineweight = value; }},
+    {"ComboEndStyle", [](Data& data, int value) { data.endStyle = toInt16(value); }},
+    {"ComboJoinStyle", [](Data& data, int value) { data.joinStyle = toInt16(value); }},
+    {"ComboFillStyle", [](Data& data, int value) { data.fillStyle = toInt16(value); }},
+};
+
+const Field checkFields[] = {
+    {"CheckDither", [](Data& data, int value) { changeDither(data, value == 1); }},
+    {"CheckGrayscale", [](Data& data, int value) { changeGrayscale(data, value == 1); }},
+    {"CheckAdaptive", [](Data& data, int value) { data.adaptiveLinetype = value == 1; }},
+};
+
+const Field spinFields[] = {
+    {"SpinPhysPen", [](Data& data, int value) { data.physicalPenNumber = toInt16(value); }},
+    {"SpinVirtPen", [](Data& data, int value) { data.virtualPenNumber = toInt16(value); }},
+    {"SpinScreening", [](Data& data, int value) { data.screening = toInt16(value); }},
+};
+
+bool isFrom(const wxEvent& event, const char* name)
+{
+    return event.GetId() == wxXmlResource::GetXRCID(name);
+}
+
+/// What an event of one of the fields' controls changes; an event of another control changes
+/// nothing.
+template <std::size_t count>
+DlgPlotStyleEditor::StyleChange changeOf(const Field (&fields)[count], const wxEvent& event,
+                                         int value)
+{
+    for (const Field& field : fields)
+        if (isFrom(event, field.name))
+            return [change = field.change, value](Data& data) { change(data, value); };
+    return [](Data&) {};
+}
+
+} // namespace
+
+void DlgPlotStyleEditor::onComboChanged(wxCommandEvent& event)
+{
+    if (isFrom(event, "ComboColor"))
+    {
+        const auto picked = control<wxg::ColorCombo>("ComboColor")->color();
+        const std::uint32_t rgb = picked ? styleRgb(*picked) : objectColor;
+        changeSelectedStyles([rgb](Data& data) { changeColor(data, rgb); });
+        return;
+    }
+    const auto* combo = dynamic_cast<wxg::ImageCombo*>(event.GetEventObject());
+    const bool changed =
+        changeSelectedStyles(changeOf(comboFields, event, combo ? combo->value() : 0));
+    if (changed && isFrom(event, "ComboLineWeight"))
+        updateLineWeightUse(true);
+}
+
+void DlgPlotStyleEditor::onCheckChanged(wxCommandEvent& event)
+{
+    changeSelectedStyles(changeOf(checkFields, event, event.GetInt()));
+}
+
+void DlgPlotStyleEditor::onSpinChanged(wxSpinEvent& event)
+{
+    if (!changeSelectedStyles(changeOf(spinFields, event, event.GetPosition())))
+        return;
+    if (isFrom(event, "SpinPhysPen"))
+        m_physicalPenVaries = false;
+    if (isFrom(event, "SpinVirtPen"))
+        m_virtualPenVaries = false;
+}
+
+void DlgPlotStyleEditor::onUpdateUIStyleField(wxUpdateUIEvent& event)
+{
+    event.Enable(isEditable(selectedStyles()));
+    if (isFrom(event, "SpinPhysPen"))
+        updatePenText(control<wxSpinCtrl>("SpinPhysPen"), m_physicalPenVaries);
+    else if (isFrom(event, "SpinVirtPen"))
+        updatePenText(control<wxSpinCtrl>("SpinVirtPen"), m_virtualPenVaries);
+    else if (auto* combo = dynamic_cast<wxg::VariesCombo*>(event.GetEventObject()))
+        combo->Refresh(true);
+}
+
+// The text is set only where it differs, and selected while the user is in the field, so that
+// typing replaces it.
+void DlgPlotStyleEditor::updatePenText(wxSpinCtrl* spin, bool varies)
+{
+    const wxString text = varies ? _("Varies") : _("Automatic");
+    if (spin->GetValue() != 0 || spin->GetTextValue() == text)
+        return;
+    spin->SetValue(text);
+    if (FindFocus() == spin)
+        spin->SetSelection(-1, -1);
+}

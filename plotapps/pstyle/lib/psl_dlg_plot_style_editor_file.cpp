@@ -1,0 +1,211 @@
+// The editor's file operations: loading, saving, and the buttons that end the dialog or change the
+// file.
+
+#include "psl_dlg_plot_style_editor.h"
+
+#include "psl_editor_controls.h"
+
+#include "cmdapi/cma.h"
+#include "psl_csv.h"
+
+#include <wx/button.h>
+#include <wx/filedlg.h>
+#include <wx/intl.h>
+#include <wx/log.h>
+#include <wx/msgdlg.h>
+
+namespace
+{
+
+const char* const caption = wxTRANSLATE("Plot Style Table Editor");
+
+// The dialog knows the whole path only after it has really been shown.
+wxString chosenPath(const wxFileDialog& dialog)
+{
+    const wxString path = dialog.GetPath();
+    if (!path.empty())
+        return path;
+    return wxFileName(dialog.GetDirectory(), dialog.GetFilename()).GetFullPath();
+}
+
+} // namespace
+
+void DlgPlotStyleEditor::load()
+{
+    m_table = nullptr;
+    wxString path;
+    if (!m_sourceFile.empty() && wxFileName::FileExists(m_sourceFile))
+        path = m_sourceFile;
+    else if (m_fileName.FileExists())
+        path = m_fileName.GetFullPath();
+    m_table = readTable(path);
+    m_sourceFile.clear();
+    m_modified = !m_fileName.FileExists();
+
+    if (m_table.isNull())
+        takeNoTable(path);
+    else
+        takeTableValues();
+
+    updateFileInfo();
+    updateStyleButtons();
+    updateStyles();
+    updateLineWeightUse(false);
+    updateLineWeights(false);
+    TransferDataToWindow();
+    updateStyleFields();
+}
+
+OdPsPlotStyleTablePtr DlgPlotStyleEditor::readTable(const wxString& path) const
+{
+    if (!path.empty())
+        return cma::loadPlotStyleTable(OdString(path.wc_str()));
+    const bool colorDependent = m_fileName.GetExt().Lower() == "ctb";
+    return cma::createPlotStyleTable(colorDependent, OdString());
+}
+
+void DlgPlotStyleEditor::takeTableValues()
+{
+    m_styleCount = m_table->styleCount();
+    m_applyScale = m_table->isApplyScaleFactor();
+    m_scaleText = scaleFactorText();
+    m_tableDescription = m_table->description().c_str();
+    m_unitsIn = m_table->isDisplayCustomLineweightUnits();
+    m_unitsMm = !m_unitsIn;
+    // There is no button as long as there is nothing to sort.
+    control<wxButton>("BtnLwSort")->Show(isLineWeightListOutOfOrder(*m_table));
+}
+
+void DlgPlotStyleEditor::takeNoTable(const wxString& path)
+{
+    wxMessageBox(path.empty() ? _("Failed to create plotstyle table file.")
+                              : _("Invalid file format - failed to open plotstyle table file."),
+                 wxGetTranslation(caption), wxOK | wxICON_ERROR);
+    m_styleCount = 0;
+    m_applyScale = false;
+    m_scaleText = "1";
+    m_tableDescription.clear();
+    control<wxButton>("BtnLwSort")->Hide();
+}
+
+bool DlgPlotStyleEditor::save(const wxString& path)
+{
+    if (m_table.isNull())
+        return false;
+    if (!path.empty())
+    {
+        m_fileName.Assign(path);
+        updateFileName();
+    }
+    const wxString fullPath = m_fileName.GetFullPath();
+    if (!cma::savePlotStyleTable(OdString(fullPath.wc_str()), m_table))
+    {
+        wxLogError(_("Failed to save file: %ls"), fullPath);
+        return false;
+    }
+    m_modified = false;
+    return true;
+}
+
+bool DlgPlotStyleEditor::checkSave()
+{
+    commitPendingEdit();
+    TransferDataFromWindow();
+    if (!m_modified || m_table.isNull())
+        return true;
+    const int answer = wxMessageBox(_("Do you want to save changes?"), wxGetTranslation(caption),
+                                    wxYES_NO | wxCANCEL | wxICON_QUESTION);
+    if (answer == wxYES)
+        return save(wxString());
+    return answer == wxNO;
+}
+
+// A typed pen number reaches its handler only when its field loses the focus, which Return and
+// mnemonics do not cause.
+void DlgPlotStyleEditor::commitPendingEdit()
+{
+    wxWindow* focused = FindFocus();
+    if (!focused || !IsDescendant(focused))
+        return;
+    wxWindow* ok = FindWindow(wxID_OK);
+    ok->SetFocus();
+    focused->SetFocus();
+}
+
+bool DlgPlotStyleEditor::isCtb() const
+{
+    return !m_table.isNull() && m_table->isColorDependent();
+}
+
+void DlgPlotStyleEditor::onOpen(wxCommandEvent&)
+{
+    if (!checkSave())
+        return;
+    wxFileDialog dialog(this, _("Select a Plot Style File"), m_fileName.GetPath(), wxString(),
+                        _("Plot Style files (*.ctb;*.stb)|*.ctb;*.stb|All files (*.*)|*.*"),
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    m_fileName.Assign(chosenPath(dialog));
+    load();
+}
+
+void DlgPlotStyleEditor::onSaveAs(wxCommandEvent&)
+{
+    commitPendingEdit();
+    if (!Validate() || !TransferDataFromWindow())
+        return;
+    const wxString filter =
+        isCtb() ? _("Color-dependent Plot Style files (*.ctb)|*.ctb|All files (*.*)|*.*")
+                : _("Named Plot Style files (*.stb)|*.stb|All files (*.*)|*.*");
+    wxFileDialog dialog(this, _("Save Plot Style File As"), m_fileName.GetPath(),
+                        m_fileName.GetFullName(), filter, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    const wxFileName chosen(chosenPath(dialog));
+    if (chosen.GetExt().IsSameAs(isCtb() ? "ctb" : "stb", false))
+        save(chosen.GetFullPath());
+    else
+        wxLogError(_("%ls is not a valid name to save to."), chosen.GetFullName());
+}
+
+void DlgPlotStyleEditor::onOk(wxCommandEvent& event)
+{
+    commitPendingEdit();
+    if (!Validate() || !TransferDataFromWindow())
+        return;
+    if (m_modified && !save(wxString()))
+        return;
+    event.Skip();
+}
+
+void DlgPlotStyleEditor::onCancel(wxCommandEvent& event)
+{
+    if (checkSave())
+        event.Skip();
+}
+
+void DlgPlotStyleEditor::onUpdateUISave(wxUpdateUIEvent& event)
+{
+    event.Enable(!m_table.isNull());
+}
+
+void DlgPlotStyleEditor::onExport(wxCommandEvent&)
+{
+    if (m_table.isNull())
+        return;
+    TransferDataFromWindow();
+    wxFileName proposed = m_fileName;
+    proposed.SetName(m_fileName.GetFullName());
+    proposed.SetExt("csv");
+    wxFileDialog dialog(this, _("Export Plot Style File To"), proposed.GetPath(),
+                        proposed.GetFullName(),
+                        _("Comma-separated-value files (*.csv)|*.csv|Text files (*.txt)|*.txt|All "
+                          "files (*.*)|*.*"),
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    const wxString path = chosenPath(dialog);
+    if (!exportCsv(*m_table, m_fileName.GetFullName(), path))
+        wxLogError(_("Failed to create or open file: %ls"), path);
+}

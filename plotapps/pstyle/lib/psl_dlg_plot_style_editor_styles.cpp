@@ -1,0 +1,281 @@
+// The editor's style list.
+
+#include "psl_dlg_plot_style_editor.h"
+
+#include "psl_editor_controls.h"
+
+#include <wx/button.h>
+#include <wx/imaglist.h>
+#include <wx/intl.h>
+#include <wx/listctrl.h>
+#include <wx/log.h>
+#include <wx/notebook.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/textdlg.h>
+
+#include <algorithm>
+
+// The comparison never regards case, and the style that is being renamed takes part, so that a
+// rename which only changes case is refused: names that differ in case alone are one name to the
+// plotting system.
+int findStyle(OdPsPlotStyleTable* table, const wxString& name, bool)
+{
+    for (int i = 0; i < table->styleCount(); ++i)
+        if (name.IsSameAs(table->styleAt(i)->localizedName().c_str(), false))
+            return i;
+    return -1;
+}
+
+void DlgPlotStyleEditor::updateStyles()
+{
+    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    list->DeleteAllItems();
+    if (m_table.isNull())
+        return;
+    list->SetImageList(isCtb() ? m_colorImages.get() : nullptr, wxIMAGE_LIST_SMALL);
+    for (int i = 0; i < m_styleCount; ++i)
+    {
+        if (isCtb())
+        {
+            list->InsertItem(i, wxString::Format("%ls %d", _("Color"), i + 1));
+            list->SetItemImage(i, i);
+        }
+        else
+            list->InsertItem(i, m_table->styleAt(i)->localizedName().c_str());
+    }
+}
+
+void DlgPlotStyleEditor::updateNumStyles()
+{
+    control<wxStaticText>("StatNumStyles")
+        ->SetLabel(_("Number of styles: ") + wxString::Format("%d", m_styleCount));
+}
+
+// A colour-dependent table has its fixed set of styles, so the buttons are not even shown.
+void DlgPlotStyleEditor::updateStyleButtons()
+{
+    const bool show = !m_table.isNull() && !isCtb();
+    for (const char* name :
+         {"BtnStyleAddGrid", "BtnStyleDelGrid", "BtnStyleAddForm", "BtnStyleDelForm"})
+        control<wxButton>(name)->Show(show);
+    control<wxListCtrl>("ListStyles")->GetParent()->Layout();
+}
+
+void DlgPlotStyleEditor::updateListWidths()
+{
+    constexpr int scrollBar = 22;
+    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    const int width = list->GetClientSize().x - scrollBar;
+    // Called from the paint handler: setting the same width would paint again, for ever.
+    if (list->GetColumnWidth(0) != width)
+        list->SetColumnWidth(0, width);
+}
+
+bool DlgPlotStyleEditor::isFormViewCurrent() const
+{
+    constexpr int formViewPage = 1;
+    return control<wxNotebook>("NoteBook")->GetSelection() == formViewPage;
+}
+
+// The selected rows in ascending order. The list's own count is not relied on: it stays too high
+// after selected rows have been deleted.
+std::vector<int> DlgPlotStyleEditor::selectedStyles() const
+{
+    const wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    std::vector<int> rows;
+    for (long row = -1;
+         (row = list->GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) != -1;)
+        rows.push_back(static_cast<int>(row));
+    return rows;
+}
+
+// The first style of a named table is never edited; among several styles it is passed over.
+bool DlgPlotStyleEditor::isEditable(const std::vector<int>& selectedStyles) const
+{
+    if (!isCtb() && selectedStyles.size() == 1)
+        return selectedStyles.front() != 0;
+    return !selectedStyles.empty();
+}
+
+void DlgPlotStyleEditor::onStyleAdd(wxCommandEvent&)
+{
+    if (m_table.isNull() || isCtb())
+        return;
+    const wxString name = askForStyleName();
+    if (name.empty())
+        return;
+    if (findStyle(m_table.get(), name, true) >= 0)
+    {
+        wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."),
+                   name);
+        return;
+    }
+    int index = m_styleCount - 1;
+    OdPsPlotStylePtr model;
+    const std::vector<int> selected = selectedStyles();
+    if (isFormViewCurrent() && selected.size() == 1)
+    {
+        index = selected.front();
+        model = m_table->styleAt(index);
+    }
+    if (index >= m_table->styleCount() ||
+        !m_table->findStyleByName(OdString(name.wc_str())).isNull())
+        return;
+    insertStyle(name, index, model);
+}
+
+wxString DlgPlotStyleEditor::askForStyleName()
+{
+    const wxString proposal = wxString::Format(_("Style %d"), m_styleCount);
+    return wxGetTextFromUser(_("Enter style name:"), _("Add Plot Style"), proposal);
+}
+
+// Adds a style after the one at `index`, as a copy of `model` where there is one.
+void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPsPlotStylePtr& model)
+{
+    const bool isLast = index < 0 || index == m_table->styleCount() - 1;
+    const OdPsPlotStylePtr style = m_table->addNewStyle(OdString(name.wc_str()));
+    if (model)
+    {
+        OdPsPlotStyleData data;
+        model->getData(data);
+        style->setData(data);
+        style->setDescription(model->description());
+    }
+    if (!isLast)
+    {
+        OdArray<OdPsPlotStylePtr> styles = m_table->styleArray();
+        styles.pop_back();
+        styles.insert(styles.begin() + index + 1, style);
+        m_table->setStyleArray(styles);
+    }
+    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    const long row = list->InsertItem(index + 1, name);
+    list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+    list->SetItemState(row, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED,
+                       wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
+    list->EnsureVisible(row);
+    stylesChanged();
+}
+
+void DlgPlotStyleEditor::stylesChanged()
+{
+    m_modified = true;
+    m_styleCount = m_table->styleCount();
+    updateNumStyles();
+}
+
+void DlgPlotStyleEditor::onStyleDel(wxCommandEvent&)
+{
+    if (m_table.isNull() || isCtb() || !isFormViewCurrent())
+        return;
+    std::vector<int> rows = selectedStyles();
+    if (rows.empty())
+        return;
+    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    OdArray<OdPsPlotStylePtr> styles;
+    std::reverse(rows.begin(), rows.end());
+    for (const int row : rows)
+    {
+        if (row == 0)
+            break;
+        styles.push_back(m_table->styleAt(row));
+        // A selected row that is deleted would stay in the list's count of selected rows.
+        {
+            wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_DESELECTED);
+            list->SetItemState(row, 0, wxLIST_STATE_SELECTED);
+        }
+        list->DeleteItem(row);
+    }
+    for (const OdPsPlotStylePtr& style : styles)
+        m_table->deleteStyle(style);
+    stylesChanged();
+}
+
+void DlgPlotStyleEditor::onUpdateUIStyleDelForm(wxUpdateUIEvent& event)
+{
+    event.Enable(isEditable(selectedStyles()));
+}
+
+void DlgPlotStyleEditor::onUpdateUIStyleDelGrid(wxUpdateUIEvent& event)
+{
+    event.Skip();
+}
+
+void DlgPlotStyleEditor::onStyleSelected(wxListEvent&)
+{
+    updateStyleFields();
+}
+
+// Colours are named by their numbers and the first style of a named table is "Normal" for good.
+void DlgPlotStyleEditor::onBeginLabelEdit(wxListEvent& event)
+{
+    m_vetoedEdit = nullptr;
+    const wxObject* list = event.GetEventObject();
+    if (list == control<wxListCtrl>("ListStyles"))
+    {
+        if (isCtb() || event.GetIndex() == 0)
+            event.Veto();
+    }
+    else if (list == control<wxListCtrl>("ListLineWeights"))
+    {
+        const bool isListed = !m_table.isNull() && event.GetIndex() < m_table->lineweightCount();
+        if (!isListed)
+            event.Veto();
+    }
+}
+
+void DlgPlotStyleEditor::onEndLabelEdit(wxListEvent& event)
+{
+    auto* list = wxDynamicCast(event.GetEventObject(), wxListCtrl);
+    // An edit that ends with the loss of the focus ends twice when it is refused the first time:
+    // the second event carries the row's own text.
+    const void* edit = list->GetEditControl();
+    if (event.IsEditCancelled() && m_vetoedEdit && m_vetoedEdit == edit)
+        return;
+    if (list == control<wxListCtrl>("ListStyles"))
+        endStyleEdit(event);
+    else if (list == control<wxListCtrl>("ListLineWeights"))
+        endLineWeightEdit(event);
+    if (!event.IsAllowed())
+        m_vetoedEdit = edit;
+}
+
+void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
+{
+    const wxString invalidCharacters = "<>/\\\":?*|,=`;";
+    const wxString name = event.GetLabel();
+    if (name.empty() || m_table.isNull())
+        return;
+    const OdPsPlotStylePtr style = m_table->styleAt(static_cast<int>(event.GetIndex()));
+    if (name == style->localizedName().c_str())
+        return;
+    if (name.find_first_of(invalidCharacters) != wxString::npos)
+    {
+        wxLogError(_("A style name cannot contain any of the following characters: %ls"),
+                   invalidCharacters);
+        event.Veto();
+    }
+    else if (findStyle(m_table.get(), name, true) >= 0)
+    {
+        wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."),
+                   name);
+        event.Veto();
+    }
+    else
+        renameStyle(style, name);
+}
+
+// The map's keys point into the styles' names: the old entry goes before the name does.
+void DlgPlotStyleEditor::renameStyle(const OdPsPlotStylePtr& style, const wxString& name)
+{
+    OdPs::OdPsStyleMap styles = m_table->styleMap();
+    styles.erase(style->localizedName().c_str());
+    style->setName(OdString(name.wc_str()));
+    style->setLocalizedName(OdString(name.wc_str()));
+    const OdString newKey = style->localizedName();
+    styles.emplace(newKey.c_str(), style);
+    m_table->setStyleMap(styles);
+    m_modified = true;
+}

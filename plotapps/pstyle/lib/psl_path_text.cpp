@@ -1,0 +1,22 @@
+// Cutting a path to a width.
+
+#include "psl_path_text.h"
+
+wxString fitPath(const wxString& text, int width,
+                 const std::function<int(const wxString&)>& measure)
+{
+    constexpr int margin = 4;
+    constexpr int leastWidth = 7;
+    constexpr size_t leastCutLength = 16;
+    constexpr size_t leastKept = 12;
+    const int room = width - margin;
+    if (width < leastWidth || measure(text) <= room || text.length() < leastCutLength)
+        return text;
+    for (size_t kept = text.length() - 4;; --kept)
+    {
+        const wxString candidate = text.Left(kept) + "...";
+        const bool fits = measure(candidate) <= room;
+        if (fits || kept <= leastKept)
+            return candidate;
+    }
+}

@@ -1,0 +1,397 @@
+// The host's combo boxes and window helpers.
+
+#include "gui_support.h"
+
+#include "wxgui/color_combo.h"
+#include "wxgui/image_combo.h"
+#include "wxgui/wxgui.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/clrpicker.h>
+#include <wx/combobox.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/frame.h>
+#include <wx/image.h>
+#include <wx/sizer.h>
+#include <wx/spinctrl.h>
+#include <wx/uiaction.h>
+
+#include <functional>
+#include <set>
+
+namespace
+{
+
+wxBitmap solid(const wxColour& colour, const wxSize& size)
+{
+    wxImage image(size);
+    image.SetRGB(wxRect(size), colour.Red(), colour.Green(), colour.Blue());
+    return wxBitmap(image);
+}
+
+OdCmEntityColor indexColor(int index)
+{
+    OdCmEntityColor color;
+    color.setColorIndex(index);
+    return color;
+}
+
+// A window with one control, shown on the screen.
+class Controls : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        frame = new wxFrame(nullptr, wxID_ANY, "test", wxPoint(100, 100), wxSize(400, 300));
+        panel = new wxPanel(frame);
+    }
+    void TearDown() override
+    {
+        frame->Destroy();
+        waitFor([] { return wxTheApp->GetTopWindow() == nullptr || wxPendingDelete.empty(); });
+    }
+
+    void show()
+    {
+        frame->Show();
+        frame->Raise();
+        ASSERT_TRUE(waitFor([this] { return frame->IsShownOnScreen(); }));
+    }
+
+    // The pixels of a control as the screen shows them; every colour once.
+    std::set<unsigned long> coloursOf(wxWindow* control)
+    {
+        control->Refresh();
+        control->Update();
+        wxBitmap bitmap(control->GetSize());
+        wxMemoryDC memory(bitmap);
+        wxScreenDC screen;
+        memory.Blit(wxPoint(0, 0), control->GetSize(), &screen, control->GetScreenPosition());
+        memory.SelectObject(wxNullBitmap);
+        const wxImage image = bitmap.ConvertToImage();
+        std::set<unsigned long> colours;
+        for (int y = 0; y < image.GetHeight(); ++y)
+            for (int x = 0; x < image.GetWidth(); ++x)
+                colours.insert(static_cast<unsigned long>(image.GetRed(x, y)) << 16 |
+                               static_cast<unsigned long>(image.GetGreen(x, y)) << 8 |
+                               image.GetBlue(x, y));
+        return colours;
+    }
+
+    bool showsColour(wxWindow* control, unsigned long rgb)
+    {
+        return waitFor([this, control, rgb] { return coloursOf(control).count(rgb) > 0; });
+    }
+
+    bool hidesColour(wxWindow* control, unsigned long rgb)
+    {
+        return waitFor([this, control, rgb] { return coloursOf(control).count(rgb) == 0; });
+    }
+
+    // Sends a key to a control, as the user's keyboard would.
+    void press(wxWindow* control, int key)
+    {
+        control->SetFocus();
+        wxUIActionSimulator simulator;
+        simulator.MouseMove(control->GetScreenPosition() + wxPoint(20, 10));
+        simulator.Char(key);
+    }
+
+    wxFrame* frame = nullptr;
+    wxPanel* panel = nullptr;
+};
+
+class ImageCombos : public Controls
+{
+protected:
+    void SetUp() override
+    {
+        Controls::SetUp();
+        combo = new wxg::ImageCombo(panel, wxID_ANY, wxPoint(10, 10), wxSize(250, 34), true);
+        combo->appendItem("None", 31);
+        combo->appendItem("Red", 0, solid(*wxRED, wxSize(80, 6)));
+        combo->appendItem("Blue", 5, solid(*wxBLUE, wxSize(80, 6)));
+        combo->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { ++picks; });
+    }
+
+    wxg::ImageCombo* combo = nullptr;
+    int picks = 0;
+};
+
+class ColorCombos : public Controls
+{
+protected:
+    void SetUp() override
+    {
+        Controls::SetUp();
+        combo = new wxg::ColorCombo(panel, wxID_ANY, wxPoint(10, 10), wxSize(250, 34), true, 0,
+                                    OdDbObjectId(), 41, false, 0, OdString(L"Color Control"));
+        combo->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { ++picks; });
+    }
+
+    void pick(int entry)
+    {
+        combo->SetSelection(entry);
+        wxCommandEvent event(wxEVT_COMBOBOX, combo->GetId());
+        event.SetEventObject(combo);
+        event.SetInt(entry);
+        combo->GetEventHandler()->ProcessEvent(event);
+    }
+
+    wxg::ColorCombo* combo = nullptr;
+    int picks = 0;
+};
+
+} // namespace
+
+TEST_F(ImageCombos, HoldsTextsValuesAndPictures)
+{
+    EXPECT_EQ(combo->GetCount(), 3u);
+    EXPECT_EQ(combo->GetString(1), "Red");
+    combo->setValue(5);
+    EXPECT_EQ(combo->GetSelection(), 2);
+    EXPECT_EQ(combo->value(), 5);
+    combo->SetSelection(0);
+    EXPECT_EQ(combo->value(), 31);
+}
+
+TEST_F(ImageCombos, IsBlankForAValueThatNoEntryCarries)
+{
+    combo->setValue(5);
+    for (const int value : {-2, -3, 99})
+    {
+        combo->setValue(value);
+        EXPECT_EQ(combo->GetSelection(), wxNOT_FOUND);
+        EXPECT_EQ(combo->GetValue(), "");
+        EXPECT_EQ(combo->value(), value);
+    }
+}
+
+TEST_F(ImageCombos, SendsNoEventForValuesSetByTheProgram)
+{
+    combo->setValue(5);
+    combo->setVaries(true);
+    combo->setItem(2, "Other", wxNullBitmap);
+    EXPECT_EQ(picks, 0);
+}
+
+TEST_F(ImageCombos, RelabelsTheSelectedEntryInPlace)
+{
+    combo->setValue(5);
+    combo->setItem(2, "Green", solid(*wxGREEN, wxSize(80, 6)));
+    EXPECT_EQ(combo->GetSelection(), 2);
+    EXPECT_EQ(combo->GetValue(), "Green");
+    EXPECT_EQ(combo->value(), 5);
+    combo->setItem(-1, "x", wxNullBitmap);
+    combo->setItem(3, "x", wxNullBitmap);
+    EXPECT_EQ(combo->GetCount(), 3u);
+}
+
+TEST_F(ImageCombos, DrawsThePictureOfTheSelectedEntry)
+{
+    show();
+    combo->setValue(0);
+    EXPECT_TRUE(showsColour(combo, 0xFF0000));
+    combo->setValue(5);
+    EXPECT_TRUE(showsColour(combo, 0x0000FF));
+    EXPECT_FALSE(coloursOf(combo).count(0xFF0000));
+}
+
+TEST_F(ImageCombos, DrawsVariesInsteadOfAnEntry)
+{
+    show();
+    combo->setValue(0);
+    ASSERT_TRUE(showsColour(combo, 0xFF0000));
+    combo->setVaries(true);
+    EXPECT_TRUE(combo->varies());
+    EXPECT_TRUE(hidesColour(combo, 0xFF0000));
+    combo->setVaries(false);
+    EXPECT_TRUE(showsColour(combo, 0xFF0000));
+}
+
+TEST_F(ImageCombos, DrawsVariesInABlankField)
+{
+    show();
+    combo->setValue(-3);
+    ASSERT_TRUE(waitFor([this] { return combo->IsShownOnScreen(); }));
+    const auto blank = coloursOf(combo);
+    combo->setVaries(true);
+    EXPECT_TRUE(waitFor([this, &blank] { return coloursOf(combo) != blank; }));
+}
+
+TEST_F(ImageCombos, DrawsAGreyPictureWhenDisabled)
+{
+    show();
+    combo->setValue(0);
+    ASSERT_TRUE(showsColour(combo, 0xFF0000));
+    combo->Disable();
+    EXPECT_TRUE(hidesColour(combo, 0xFF0000));
+}
+
+TEST_F(ImageCombos, IsOperatedByArrowKeysAndTypedLetters)
+{
+    show();
+    combo->setValue(31);
+    press(combo, WXK_DOWN);
+    EXPECT_TRUE(waitFor([this] { return combo->value() == 0; }));
+    EXPECT_EQ(picks, 1);
+    press(combo, 'b');
+    EXPECT_TRUE(waitFor([this] { return combo->value() == 5; }));
+    EXPECT_EQ(picks, 2);
+}
+
+TEST_F(ImageCombos, APickEndsTheVariesState)
+{
+    show();
+    combo->setVaries(true);
+    combo->setValue(-3);
+    press(combo, WXK_DOWN);
+    EXPECT_TRUE(waitFor([this] { return picks == 1; }));
+    EXPECT_FALSE(combo->varies());
+}
+
+TEST_F(ImageCombos, EscapeClosesTheOpenListAndReachesNobodyElse)
+{
+    show();
+    int escapes = 0;
+    frame->Bind(wxEVT_CHAR_HOOK,
+                [&escapes](wxKeyEvent& event)
+                {
+                    escapes += event.GetKeyCode() == WXK_ESCAPE;
+                    event.Skip();
+                });
+    combo->Popup();
+    ASSERT_TRUE(waitFor([this] { return combo->IsPopupShown(); }));
+    wxKeyEvent escape(wxEVT_CHAR_HOOK);
+    escape.m_keyCode = WXK_ESCAPE;
+    escape.SetEventObject(combo);
+    combo->GetEventHandler()->ProcessEvent(escape);
+    EXPECT_TRUE(waitFor([this] { return !combo->IsPopupShown(); }));
+    EXPECT_EQ(escapes, 0);
+    combo->GetEventHandler()->ProcessEvent(escape);
+    EXPECT_EQ(escapes, 1) << "with the list closed the key is the dialog's";
+}
+
+TEST_F(ColorCombos, OffersTheObjectsColourTheFirstIndexColoursAndAChoice)
+{
+    const char* const texts[] = {"Use entity color", "Red",  "Yellow",  "Green",
+                                 "Cyan",             "Blue", "Magenta", "Black"};
+    ASSERT_EQ(combo->GetCount(), 9u);
+    for (unsigned i = 0; i < 8; ++i)
+        EXPECT_EQ(combo->GetString(i), texts[i]);
+    EXPECT_EQ(combo->GetString(8), wxString(L"Select color\u2026"));
+    EXPECT_EQ(combo->GetSelection(), 0);
+    EXPECT_FALSE(combo->color());
+}
+
+TEST_F(ColorCombos, GivesIndexColoursAndPlainBlack)
+{
+    for (int index = 1; index <= 6; ++index)
+    {
+        combo->SetSelection(index);
+        ASSERT_TRUE(combo->color());
+        EXPECT_EQ(combo->color()->colorMethod(), OdCmEntityColor::kByACI);
+        EXPECT_EQ(combo->color()->colorIndex(), index);
+    }
+    combo->SetSelection(7);
+    ASSERT_TRUE(combo->color());
+    EXPECT_EQ(combo->color()->color(), 0xC2000000);
+}
+
+TEST_F(ColorCombos, SelectsTheEntryOfAColour)
+{
+    combo->setColor(indexColor(3));
+    EXPECT_EQ(combo->GetSelection(), 3);
+    combo->setColor({0, 0, 0});
+    EXPECT_EQ(combo->GetSelection(), 7);
+    combo->setColor({255, 255, 255});
+    EXPECT_EQ(combo->GetSelection(), 0);
+    EXPECT_FALSE(combo->color());
+    EXPECT_EQ(combo->GetCount(), 9u);
+    EXPECT_EQ(picks, 0);
+}
+
+TEST_F(ColorCombos, GivesOtherColoursAnEntryAtTheEnd)
+{
+    combo->setColor(indexColor(30));
+    EXPECT_EQ(combo->GetSelection(), 9);
+    EXPECT_EQ(combo->GetValue(), "Color 30");
+    EXPECT_EQ(combo->color()->colorIndex(), 30);
+    combo->setColor({1, 2, 3});
+    EXPECT_EQ(combo->GetCount(), 10u);
+    EXPECT_EQ(combo->GetValue(), "1,2,3");
+    EXPECT_EQ(combo->color()->color(), 0xC2010203);
+}
+
+TEST_F(ColorCombos, DrawsTheColour)
+{
+    show();
+    combo->setColor(indexColor(1));
+    EXPECT_TRUE(showsColour(combo, 0xFF0000));
+    combo->setColor({18, 52, 86});
+    EXPECT_TRUE(showsColour(combo, 0x123456));
+    combo->setVaries(true);
+    EXPECT_TRUE(hidesColour(combo, 0x123456));
+}
+
+TEST_F(ColorCombos, ACancelledChoiceLeavesNoTrace)
+{
+    combo->setColor(indexColor(2));
+    DialogAnswers answers;
+    answers.press(wxID_CANCEL);
+    pick(8);
+    EXPECT_EQ(combo->GetSelection(), 2);
+    EXPECT_EQ(picks, 0);
+}
+
+TEST_F(ColorCombos, AChosenColourIsPickedLikeAnEntry)
+{
+    combo->setColor({18, 52, 86});
+    DialogAnswers answers;
+    // The dialog starts with the current colour.
+    answers.press(wxID_OK);
+    pick(8);
+    EXPECT_EQ(picks, 1);
+    ASSERT_TRUE(combo->color());
+    EXPECT_EQ(combo->color()->color(), 0xC2123456);
+}
+
+TEST_F(Controls, ReplacedWindowsKeepPlaceNameAndOrder)
+{
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    auto* old = new wxComboBox(panel, wxWindow::NewControlId());
+    old->SetName("TheCombo");
+    auto* next = new wxSpinCtrl(panel);
+    sizer->Add(old);
+    sizer->Add(next);
+    panel->SetSizer(sizer);
+    auto* replacement = new wxg::ImageCombo(panel, old->GetId(), old->GetPosition(),
+                                            old->GetSize(), true);
+    EXPECT_TRUE(wxg::replaceWnd(old, replacement));
+    EXPECT_EQ(sizer->GetItem(size_t(0))->GetWindow(), replacement);
+    EXPECT_EQ(replacement->GetName(), "TheCombo");
+    old->Destroy();
+    EXPECT_EQ(panel->GetChildren().front(), replacement);
+    EXPECT_EQ(panel->GetChildren()[1], next);
+    auto* loose = new wxSpinCtrl(panel);
+    EXPECT_FALSE(wxg::replaceWnd(loose, new wxSpinCtrl(panel)));
+}
+
+TEST_F(Controls, SpinControlsCanShowWords)
+{
+    auto* spin = new wxSpinCtrl(panel);
+    wxg::allowSpinText(spin);
+    spin->SetValue("Automatic");
+    EXPECT_EQ(spin->GetTextValue(), "Automatic");
+    EXPECT_EQ(spin->GetValue(), 0);
+    spin->SetValue(7);
+    EXPECT_EQ(spin->GetTextValue(), "7");
+}
+
+TEST(DockStates, HaveTheHostsKeys)
+{
+    EXPECT_EQ(rightDockState.key, "RDOCK");
+    EXPECT_EQ(leftDockState.key, "LDOCK");
+}
