@@ -1,0 +1,103 @@
+// The lines of a table's text: `key=value`, `group{` and `}`.
+
+#ifndef TABLEFILE_TEXT_LINES_H
+#define TABLEFILE_TEXT_LINES_H
+
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace tablefile
+{
+
+/// A part of the text. No value begins at the text's first byte, so there the span is none.
+struct Span
+{
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
+
+    explicit operator bool() const noexcept { return begin != 0; }
+    std::string_view in(std::string_view text) const { return text.substr(begin, end - begin); }
+};
+
+/// Walks over the lines of a text.
+class LineCursor
+{
+public:
+    enum class Kind
+    {
+        Value, ///< `key=value`
+        Open,  ///< `key{`; a line with a `=` never is one, since a value may end in `{`
+        Close, ///< `}`
+        Other, ///< anything else
+    };
+
+    LineCursor(std::string_view text, std::size_t position)
+        : m_text(text)
+        , m_next(position)
+    {
+    }
+
+    /// Goes to the next line. @return false at the end of the text
+    bool next();
+
+    Kind kind() const noexcept { return m_kind; }
+    /// What stands in front of `=` or `{`.
+    std::string_view key() const noexcept { return m_key; }
+    /// What follows the `=`, without the line's end.
+    Span value() const noexcept { return m_value; }
+    /// Where the line begins.
+    std::uint32_t begin() const noexcept { return m_begin; }
+    /// Where the next line begins.
+    std::uint32_t end() const noexcept { return static_cast<std::uint32_t>(m_next); }
+
+private:
+    std::string_view m_text;
+    std::size_t m_next;
+    std::uint32_t m_begin = 0;
+    Kind m_kind = Kind::Other;
+    std::string_view m_key;
+    Span m_value;
+};
+
+inline bool LineCursor::next()
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    if (m_next >= m_text.size())
+        return false;
+    const char* const text = m_text.data();
+    const char* first = text + m_next;
+    const auto* last = static_cast<const char*>(std::memchr(first, '\n', m_text.size() - m_next));
+    m_begin = static_cast<std::uint32_t>(m_next);
+    m_next = last ? static_cast<std::size_t>(last + 1 - text) : m_text.size();
+    if (!last)
+        last = text + m_text.size();
+    if (last > first && last[-1] == '\r')
+        --last;
+    while (first < last && isBlank(*first))
+        ++first;
+
+    const auto length = [&first](const char* end) { return static_cast<std::size_t>(end - first); };
+    if (const auto* equals = static_cast<const char*>(std::memchr(first, '=', length(last))))
+    {
+        m_kind = Kind::Value;
+        m_key = {first, length(equals)};
+        m_value = {static_cast<std::uint32_t>(equals + 1 - text),
+                   static_cast<std::uint32_t>(last - text)};
+        return true;
+    }
+    while (last > first && isBlank(last[-1]))
+        --last;
+    m_key = {first, length(last)};
+    m_kind = m_key == "}" ? Kind::Close : Kind::Other;
+    if (!m_key.empty() && m_key.back() == '{')
+    {
+        m_kind = Kind::Open;
+        m_key.remove_suffix(1);
+    }
+    return true;
+}
+
+} // namespace tablefile
+
+#endif
