@@ -5,19 +5,16 @@
 // given), and writes one PNG per page into FOLDER.
 
 #include "psl.h"
+#include "screen_image.h"
 
 #include <wx/app.h>
-#include <wx/bitmap.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/dialog.h>
-#include <wx/evtloop.h>
 #include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/listctrl.h>
 #include <wx/modalhook.h>
 #include <wx/notebook.h>
-#include <wx/stopwatch.h>
+#include <wx/timer.h>
 #include <wx/xrc/xmlres.h>
 
 #include <cstdio>
@@ -27,27 +24,10 @@
 namespace
 {
 
-// Lets the window system catch up: there is no event that says that everything is painted.
-void settle()
+bool save(const wxWindow& window, const wxString& path)
 {
-    constexpr long milliseconds = 300;
-    for (wxStopWatch watch; watch.Time() < milliseconds;)
-    {
-        wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
-        wxTheApp->ProcessIdle();
-    }
-}
-
-bool shoot(const wxWindow* window, const wxString& path)
-{
-    const wxRect area = window->GetScreenRect();
-    wxBitmap bitmap;
-    bitmap.CreateWithDIPSize(area.GetSize(), window->GetContentScaleFactor());
-    wxMemoryDC memory(bitmap);
-    wxScreenDC screen;
-    memory.Blit(wxPoint(0, 0), area.GetSize(), &screen, area.GetPosition());
-    memory.SelectObject(wxNullBitmap);
-    return bitmap.ConvertToImage().SaveFile(path, wxBITMAP_TYPE_PNG);
+    const wxImage image = screenImage(window);
+    return image.IsOk() && image.SaveFile(path, wxBITMAP_TYPE_PNG);
 }
 
 class Photographer : public wxModalDialogHook
@@ -62,33 +42,51 @@ public:
     bool succeeded() const { return m_succeeded; }
 
 protected:
+    // The dialog's own loop runs the timer: a page is painted between its being shown and its
+    // being photographed.
     int Enter(wxDialog* dialog) override
     {
-        dialog->CallAfter([this, dialog] { photograph(dialog); });
+        m_dialog = dialog;
+        m_page = 0;
+        m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { photograph(); });
+        m_timer.Start(settlingTime);
         return wxID_NONE;
     }
 
 private:
-    void photograph(wxDialog* dialog)
+    static constexpr int settlingTime = 400; // milliseconds
+
+    void photograph()
     {
-        auto* book = XRCCTRL(*dialog, "NoteBook", wxNotebook);
-        auto* list = XRCCTRL(*dialog, "ListStyles", wxListCtrl);
-        for (size_t page = 0; page < book->GetPageCount(); ++page)
+        auto* book = XRCCTRL(*m_dialog, "NoteBook", wxNotebook);
+        if (m_page > 0)
         {
-            book->SetSelection(page);
-            settle();
-            for (const long style : m_styles)
-                if (style < list->GetItemCount())
-                    list->SetItemState(style, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
-            settle();
-            wxString name = book->GetPageText(page).Lower();
+            wxString name = book->GetPageText(m_page - 1).Lower();
             name.Replace(" ", "-");
             const wxFileName file(m_folder, "editor-" + name, "png");
-            m_succeeded = shoot(dialog, file.GetFullPath()) && m_succeeded;
+            m_succeeded = save(*m_dialog, file.GetFullPath()) && m_succeeded;
         }
-        dialog->EndModal(wxID_CANCEL);
+        if (m_page == book->GetPageCount())
+        {
+            m_timer.Stop();
+            m_dialog->EndModal(wxID_CANCEL);
+            return;
+        }
+        book->SetSelection(m_page++);
+        selectStyles();
     }
 
+    void selectStyles()
+    {
+        auto* list = XRCCTRL(*m_dialog, "ListStyles", wxListCtrl);
+        for (const long style : m_styles)
+            if (style < list->GetItemCount())
+                list->SetItemState(style, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    }
+
+    wxDialog* m_dialog = nullptr;
+    size_t m_page = 0;
+    wxTimer m_timer;
     wxString m_folder;
     std::vector<long> m_styles;
     bool m_succeeded = true;

@@ -66,23 +66,21 @@ void VariesCombo::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) 
         drawText(dc, rect, _("Varies"), flags);
         return;
     }
-    const wxSize room = pictureSize();
+    wxRect textRect = rect;
     const wxBitmap bitmap = picture(item);
     if (bitmap.IsOk())
     {
+        const wxSize room = pictureSize();
         const wxSize size = bitmap.GetLogicalSize();
         const wxPoint corner =
             rect.GetPosition() + wxPoint(gap + (room.x - size.x) / 2, (rect.height - size.y) / 2);
         const bool disabled = isField && !IsThisEnabled();
         dc.DrawBitmap(disabled ? bitmap.ConvertToDisabled() : bitmap, corner, true);
+        textRect.x += room.x + gap;
+        textRect.width -= room.x + gap;
     }
-    if (!showsText())
-        return;
-    wxRect textRect = rect;
-    const int indent = room.x > 0 ? room.x + gap : 0;
-    textRect.x += indent;
-    textRect.width -= indent;
-    drawText(dc, textRect, GetString(static_cast<unsigned>(item)), flags);
+    if (showsText())
+        drawText(dc, textRect, GetString(static_cast<unsigned>(item)), flags);
 }
 
 void VariesCombo::drawText(wxDC& dc, const wxRect& rect, const wxString& text, int flags) const
@@ -92,7 +90,8 @@ void VariesCombo::drawText(wxDC& dc, const wxRect& rect, const wxString& text, i
         dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     wxRect inner = rect;
     inner.Deflate(gap, 0);
-    dc.DrawLabel(text, inner, wxALIGN_LEFT | wxALIGN_CENTRE_VERTICAL);
+    const wxString shown = wxControl::Ellipsize(text, dc, wxELLIPSIZE_END, inner.width);
+    dc.DrawLabel(shown, inner, wxALIGN_LEFT | wxALIGN_CENTRE_VERTICAL);
 }
 
 wxCoord VariesCombo::OnMeasureItem(size_t) const

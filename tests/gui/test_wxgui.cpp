@@ -1,6 +1,7 @@
 // The host's combo boxes and window helpers.
 
 #include "gui_support.h"
+#include "screen_image.h"
 
 #include "wxgui/color_combo.h"
 #include "wxgui/image_combo.h"
@@ -8,10 +9,8 @@
 
 #include <gtest/gtest.h>
 
-#include <wx/clrpicker.h>
+#include <wx/app.h>
 #include <wx/combobox.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/frame.h>
 #include <wx/image.h>
 #include <wx/sizer.h>
@@ -50,7 +49,7 @@ protected:
     void TearDown() override
     {
         frame->Destroy();
-        waitFor([] { return wxTheApp->GetTopWindow() == nullptr || wxPendingDelete.empty(); });
+        waitFor([] { return wxPendingDelete.empty(); });
     }
 
     void show()
@@ -65,12 +64,7 @@ protected:
     {
         control->Refresh();
         control->Update();
-        wxBitmap bitmap(control->GetSize());
-        wxMemoryDC memory(bitmap);
-        wxScreenDC screen;
-        memory.Blit(wxPoint(0, 0), control->GetSize(), &screen, control->GetScreenPosition());
-        memory.SelectObject(wxNullBitmap);
-        const wxImage image = bitmap.ConvertToImage();
+        const wxImage image = screenImage(*control);
         std::set<unsigned long> colours;
         for (int y = 0; y < image.GetHeight(); ++y)
             for (int x = 0; x < image.GetWidth(); ++x)
@@ -113,7 +107,7 @@ protected:
         combo->appendItem("None", 31);
         combo->appendItem("Red", 0, solid(*wxRED, wxSize(80, 6)));
         combo->appendItem("Blue", 5, solid(*wxBLUE, wxSize(80, 6)));
-        combo->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { ++picks; });
+        frame->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { ++picks; });
     }
 
     wxg::ImageCombo* combo = nullptr;
@@ -128,7 +122,7 @@ protected:
         Controls::SetUp();
         combo = new wxg::ColorCombo(panel, wxID_ANY, wxPoint(10, 10), wxSize(250, 34), true, 0,
                                     OdDbObjectId(), 41, false, 0, OdString(L"Color Control"));
-        combo->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { ++picks; });
+        frame->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { ++picks; });
     }
 
     void pick(int entry)
@@ -276,8 +270,8 @@ TEST_F(ImageCombos, EscapeClosesTheOpenListAndReachesNobodyElse)
 
 TEST_F(ColorCombos, OffersTheObjectsColourTheFirstIndexColoursAndAChoice)
 {
-    const char* const texts[] = {"Use entity color", "Red",  "Yellow",  "Green",
-                                 "Cyan",             "Blue", "Magenta", "Black"};
+    const char* const texts[] = {"Use entity color", "Red",  "Yellow", "Green", "Cyan", "Blue",
+                                 "Magenta",          "Black"};
     ASSERT_EQ(combo->GetCount(), 9u);
     for (unsigned i = 0; i < 8; ++i)
         EXPECT_EQ(combo->GetString(i), texts[i]);
@@ -367,8 +361,8 @@ TEST_F(Controls, ReplacedWindowsKeepPlaceNameAndOrder)
     sizer->Add(old);
     sizer->Add(next);
     panel->SetSizer(sizer);
-    auto* replacement = new wxg::ImageCombo(panel, old->GetId(), old->GetPosition(),
-                                            old->GetSize(), true);
+    auto* replacement =
+        new wxg::ImageCombo(panel, old->GetId(), old->GetPosition(), old->GetSize(), true);
     EXPECT_TRUE(wxg::replaceWnd(old, replacement));
     EXPECT_EQ(sizer->GetItem(size_t(0))->GetWindow(), replacement);
     EXPECT_EQ(replacement->GetName(), "TheCombo");

@@ -44,7 +44,10 @@ void writeBytes(const wxString& path, const std::string& bytes)
     std::ofstream(path.utf8_string(), std::ios::binary) << bytes;
 }
 
-ErrorLog::ErrorLog() : m_old(wxLog::SetActiveTarget(&m_target)) {}
+ErrorLog::ErrorLog()
+    : m_old(wxLog::SetActiveTarget(&m_target))
+{
+}
 
 ErrorLog::~ErrorLog()
 {

@@ -55,7 +55,10 @@ private:
     class Target : public wxLog
     {
     public:
-        explicit Target(std::vector<wxString>& messages) : m_messages(messages) {}
+        explicit Target(std::vector<wxString>& messages)
+            : m_messages(messages)
+        {
+        }
 
     protected:
         void DoLogRecord(wxLogLevel level, const wxString& message,
