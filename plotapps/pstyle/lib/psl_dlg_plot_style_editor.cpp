@@ -29,6 +29,7 @@
 #include <wx/valtext.h>
 #include <wx/xrc/xmlres.h>
 
+#include <algorithm>
 #include <cmath>
 
 wxIMPLEMENT_CLASS(DlgPlotStyleEditor, wxDialog);
@@ -212,6 +213,9 @@ void DlgPlotStyleEditor::preparePens()
     {
         wxSpinCtrl* spin = control<wxSpinCtrl>(name);
         wxg::allowSpinText(spin);
+        const int width =
+            std::max(spin->GetTextExtent(_("Automatic")).x, spin->GetTextExtent(_("Varies")).x);
+        spin->SetMinSize(spin->GetSizeFromTextSize(width));
         const auto selectWord = [spin]
         {
             if (spin->GetValue() == 0)
@@ -230,6 +234,9 @@ void DlgPlotStyleEditor::preparePens()
                        spin->CallAfter(selectWord);
                    });
     }
+    wxSpinCtrl* screening = control<wxSpinCtrl>("SpinScreening");
+    screening->SetMinSize(control<wxSpinCtrl>("SpinPhysPen")->GetMinSize());
+    screening->GetParent()->Layout();
 }
 
 void DlgPlotStyleEditor::setValidators()

@@ -59,7 +59,7 @@ void DlgPlotStyleEditor::updateStyleButtons()
     for (const char* name :
          {"BtnStyleAddGrid", "BtnStyleDelGrid", "BtnStyleAddForm", "BtnStyleDelForm"})
         control<wxButton>(name)->Show(show);
-    control<wxListCtrl>("ListStyles")->GetParent()->Layout();
+    control<wxButton>("BtnStyleAddForm")->GetParent()->Layout();
 }
 
 void DlgPlotStyleEditor::updateListWidths()
