@@ -5,7 +5,7 @@
 // given), and writes one PNG per page into FOLDER.
 
 #include "psl.h"
-#include "screen_image.h"
+#include "support/screen_image.h"
 
 #include <wx/app.h>
 #include <wx/dialog.h>

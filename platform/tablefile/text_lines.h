@@ -41,11 +41,25 @@ public:
     /// Goes to the next line. @return false at the end of the text
     bool next();
 
+    /// Passes over a line if it is the next one, which is much cheaper than taking it apart.
+    /// @param line with its end; the empty one never is the next
+    /// @return whether it was
+    bool pass(std::string_view line)
+    {
+        if (line.empty() || m_text.compare(m_next, line.size(), line) != 0)
+            return false;
+        m_begin = static_cast<std::uint32_t>(m_next);
+        m_next += line.size();
+        return true;
+    }
+
     Kind kind() const noexcept { return m_kind; }
     /// What stands in front of `=` or `{`.
     std::string_view key() const noexcept { return m_key; }
     /// What follows the `=`, without the line's end.
     Span value() const noexcept { return m_value; }
+    /// The line with its end.
+    std::string_view line() const { return m_text.substr(m_begin, m_next - m_begin); }
     /// Where the line begins.
     std::uint32_t begin() const noexcept { return m_begin; }
     /// Where the next line begins.

@@ -93,9 +93,12 @@ std::optional<std::uint32_t> groupNumber(std::string_view key)
     return static_cast<std::uint32_t>(*number);
 }
 
+/// Reads the value of a key that has a field of its own in the data record.
 void readStyleValue(std::string_view text, StyleKey key, Span value, OdPsPlotStyleData& data)
 {
-    if (const auto number = kStyleNumbers[indexOf(key)])
+    if (key == StyleKey::PhysicalPen || key == StyleKey::VirtualPen)
+        data.*kStyleNumbers[indexOf(key)] = penOf(integerAt<std::int16_t>(text, value));
+    else if (const auto number = kStyleNumbers[indexOf(key)])
         data.*number = integerAt<std::int16_t>(text, value);
     else if (key == StyleKey::LinePatternSize)
         data.linePatternSize = realAt(text, value);
@@ -103,8 +106,25 @@ void readStyleValue(std::string_view text, StyleKey key, Span value, OdPsPlotSty
         data.adaptiveLinetype = booleanAt(text, value);
     else if (key == StyleKey::Lineweight)
         data.lineweight = lineweightOf(integerAt<std::int32_t>(text, value));
-    else if (key == StyleKey::Color || key == StyleKey::ModeColor)
-        data.color = colorOf(colorAt(text, value));
+}
+
+/// Copies what readStyleValue() reads.
+void copyStyleValue(StyleKey key, const OdPsPlotStyleData& from, OdPsPlotStyleData& to)
+{
+    if (const auto number = kStyleNumbers[indexOf(key)])
+        to.*number = from.*number;
+    else if (key == StyleKey::LinePatternSize)
+        to.linePatternSize = from.linePatternSize;
+    else if (key == StyleKey::AdaptiveLinetype)
+        to.adaptiveLinetype = from.adaptiveLinetype;
+    else if (key == StyleKey::Lineweight)
+        to.lineweight = from.lineweight;
+}
+
+bool isNameless(const OdPsPlotStyle& style)
+{
+    const auto& own = static_cast<const OdPsPlotStyleImpl&>(style);
+    return *own.localizedNameText() == L'\0' && own.name().isEmpty();
 }
 
 /// Reads the whole text of an origin.
@@ -114,6 +134,7 @@ public:
     explicit TableReader(Origin& origin)
         : m_origin(origin)
         , m_text(origin.text())
+        , m_styles(m_text)
     {
         m_budget.add(origin.file.size() + origin.textBytes.size());
     }
@@ -133,6 +154,7 @@ private:
 
     Origin& m_origin;
     std::string_view m_text;
+    StyleReader m_styles;
     MemoryBudget m_budget;
     StyleTexts m_texts;
 };
@@ -195,7 +217,7 @@ void TableReader::readStyles(LineCursor& lines)
 
 void TableReader::addStyle(LineCursor& lines, std::uint32_t begin, std::uint32_t number)
 {
-    const StyleFields fields = readStyle(m_text, lines);
+    const StyleFields fields = m_styles.read(lines);
     readStyleTexts(m_text, fields, m_texts);
     auto* const style = new OdPsPlotStyleImpl(m_texts.name, m_texts.localizedName,
                                               m_texts.description, fields.data);
@@ -252,7 +274,7 @@ void TableReader::nameColorStyles()
     for (std::size_t i = 0; i < m_origin.styles.size(); ++i)
     {
         OdPsPlotStylePtr& style = m_origin.styles[i];
-        if (style && !(style->name().isEmpty() && style->localizedName().isEmpty()))
+        if (style && !isNameless(*style))
             continue;
         StyleTexts texts;
         OdPsPlotStyleData data;
@@ -320,28 +342,51 @@ TableValues readTableValues(const Origin& origin)
     return values;
 }
 
-StyleFields readStyle(std::string_view text, LineCursor& lines)
+StyleFields StyleReader::read(LineCursor& lines)
 {
     StyleFields fields;
-    std::size_t hint = 0;
+    std::size_t expected = 0;
+    passKnownLines(lines, fields, expected);
     for (nextLine(lines); lines.kind() != Kind::Close; nextLine(lines))
     {
         if (lines.kind() == Kind::Open)
             skipGroup(lines);
-        if (lines.kind() != Kind::Value)
-            continue;
-        const std::size_t key = findKey(kStyleKeys, lines.key(), hint);
-        if (key == kStyleKeys.size() || fields.values[key])
-            continue;
-        hint = key + 1;
-        fields.values[key] = lines.value();
-        // The real colour is the one of mode_color, whichever of the two comes first.
-        const bool isShadowed =
-            key == indexOf(StyleKey::Color) && fields.value(StyleKey::ModeColor);
-        if (!isShadowed)
-            readStyleValue(text, static_cast<StyleKey>(key), lines.value(), fields.data);
+        else if (lines.kind() == Kind::Value)
+            readLine(lines, fields, expected);
+        passKnownLines(lines, fields, expected);
     }
+    const Span color = fields.value(StyleKey::Color);
+    const Span modeColor = fields.value(StyleKey::ModeColor);
+    if (color || modeColor)
+        fields.data.color = colorOf(colorAt(m_text, modeColor ? modeColor : color));
     return fields;
+}
+
+void StyleReader::passKnownLines(LineCursor& lines, StyleFields& fields, std::size_t& expected)
+{
+    for (; expected < m_known.size() && !fields.values[expected]; ++expected)
+    {
+        const KnownLine& known = m_known[expected];
+        if (!lines.pass(known.line))
+            return;
+        fields.values[expected] = {lines.begin() + known.value.begin,
+                                   lines.begin() + known.value.end};
+        copyStyleValue(static_cast<StyleKey>(expected), m_knownData, fields.data);
+    }
+}
+
+/// Reads a value that is not the known one. The first of several lines of a key counts.
+void StyleReader::readLine(const LineCursor& lines, StyleFields& fields, std::size_t& expected)
+{
+    const std::size_t key = findKey(kStyleKeys, lines.key(), expected);
+    if (key == kStyleKeys.size() || fields.values[key])
+        return;
+    expected = key + 1;
+    const Span value = lines.value();
+    fields.values[key] = value;
+    readStyleValue(m_text, static_cast<StyleKey>(key), value, fields.data);
+    m_known[key] = {lines.line(), {value.begin - lines.begin(), value.end - lines.begin()}};
+    copyStyleValue(static_cast<StyleKey>(key), fields.data, m_knownData);
 }
 
 void readStyleTexts(std::string_view text, const StyleFields& fields, StyleTexts& texts)

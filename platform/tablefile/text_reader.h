@@ -53,6 +53,35 @@ struct StyleFields
     Span value(StyleKey key) const { return values[indexOf(key)]; }
 };
 
+/// Reads style groups. Most lines of a style repeat the line of the style before it; the reader
+/// remembers those, and takes over their values without reading them again.
+class StyleReader
+{
+public:
+    explicit StyleReader(std::string_view text)
+        : m_text(text)
+    {
+    }
+
+    /// Reads a group up to its closing line. @param lines stands on the opening line
+    /// @throw Error when a value is not what it must be
+    StyleFields read(LineCursor& lines);
+
+private:
+    struct KnownLine
+    {
+        std::string_view line;
+        Span value; ///< relative to the line
+    };
+
+    void passKnownLines(LineCursor& lines, StyleFields& fields, std::size_t& expected);
+    void readLine(const LineCursor& lines, StyleFields& fields, std::size_t& expected);
+
+    std::string_view m_text;
+    std::array<KnownLine, kStyleKeys.size()> m_known; ///< the last line of each key
+    OdPsPlotStyleData m_knownData;                    ///< with the values of those lines
+};
+
 /// The texts of a style.
 struct StyleTexts
 {
@@ -81,9 +110,6 @@ OdPsPlotStyleTablePtr readTable(std::shared_ptr<Origin> origin);
 /// @throw Error when a value is not what it must be
 TableValues readTableValues(const Origin& origin);
 
-/// Reads a style's group up to its closing line. @param lines stands on the opening line
-/// @throw Error when a value is not what it must be
-StyleFields readStyle(std::string_view text, LineCursor& lines);
 /// Decodes the texts of a style's group. Where one of the two names is missing, the other stands
 /// in for it. @param texts takes them; reused by the caller, which is quicker
 void readStyleTexts(std::string_view text, const StyleFields& fields, StyleTexts& texts);

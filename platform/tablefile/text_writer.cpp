@@ -84,13 +84,34 @@ std::string writeStyleValue(StyleKey key, const StyleValues& values)
     }
 }
 
-/// Whether a key's value differs. Both keys of the colour change together, even where the nearest
-/// index colour stays the same: other writers choose it differently.
+/// Whether a file would hold another value of a key. Both keys of the colour change together, even
+/// where the nearest index colour stays the same: other writers choose it differently.
 bool differs(StyleKey key, const StyleValues& a, const StyleValues& b)
 {
-    if (key == StyleKey::Color || key == StyleKey::ModeColor)
+    switch (key)
+    {
+    case StyleKey::Name:
+        return a.texts.name != b.texts.name;
+    case StyleKey::LocalizedName:
+        return a.texts.localizedName != b.texts.localizedName;
+    case StyleKey::Description:
+        return a.texts.description != b.texts.description;
+    case StyleKey::Color:
+    case StyleKey::ModeColor:
         return storedColor(a.data.color) != storedColor(b.data.color);
-    return writeStyleValue(key, a) != writeStyleValue(key, b);
+    case StyleKey::PhysicalPen:
+    case StyleKey::VirtualPen:
+        return storedPen(a.data.*kStyleNumbers[indexOf(key)]) !=
+               storedPen(b.data.*kStyleNumbers[indexOf(key)]);
+    case StyleKey::LinePatternSize:
+        return a.data.linePatternSize != b.data.linePatternSize;
+    case StyleKey::AdaptiveLinetype:
+        return a.data.adaptiveLinetype != b.data.adaptiveLinetype;
+    case StyleKey::Lineweight:
+        return storedLineweight(a.data.lineweight) != storedLineweight(b.data.lineweight);
+    default:
+        return a.data.*kStyleNumbers[indexOf(key)] != b.data.*kStyleNumbers[indexOf(key)];
+    }
 }
 
 bool areEqual(const StyleValues& a, const StyleValues& b)
@@ -366,7 +387,7 @@ StyleFields TableEditor::fieldsOf(const StyleGroup& group) const
 {
     LineCursor lines(m_text, group.span.begin);
     lines.next();
-    return readStyle(m_text, lines);
+    return StyleReader(m_text).read(lines);
 }
 
 StyleValues TableEditor::originalValues(const StyleGroup& group, const StyleFields& fields) const

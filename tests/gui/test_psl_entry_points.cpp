@@ -1,6 +1,6 @@
 // The functions that open the editor.
 
-#include "gui_support.h"
+#include "support/gui_support.h"
 #include "psl.h"
 
 #include "cmdapi/cma.h"

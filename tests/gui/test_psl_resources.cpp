@@ -1,6 +1,6 @@
 // The embedded files: their registration, their types and what the toolkit makes of them.
 
-#include "gui_support.h"
+#include "support/gui_support.h"
 #include "psl.h"
 
 #include <gtest/gtest.h>

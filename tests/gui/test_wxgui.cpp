@@ -1,7 +1,7 @@
 // The host's combo boxes and window helpers.
 
-#include "gui_support.h"
-#include "screen_image.h"
+#include "support/gui_support.h"
+#include "support/screen_image.h"
 
 #include "wxgui/color_combo.h"
 #include "wxgui/image_combo.h"

@@ -1,6 +1,6 @@
 // Tables for the editor's tests, and its operation.
 
-#include "editor_test.h"
+#include "support/editor_test.h"
 
 #include <wx/checkbox.h>
 #include <wx/image.h>

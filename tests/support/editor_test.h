@@ -3,7 +3,7 @@
 #ifndef TESTS_EDITOR_TEST_H
 #define TESTS_EDITOR_TEST_H
 
-#include "gui_support.h"
+#include "support/gui_support.h"
 #include "psl.h"
 #include "psl_dlg_plot_style_editor.h"
 

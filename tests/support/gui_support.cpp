@@ -1,47 +1,27 @@
 // Dialog answers, log capture and control operation for the tests.
 
-#include "gui_support.h"
+#include "support/gui_support.h"
 
 #include <gtest/gtest.h>
 
 #include <wx/app.h>
 #include <wx/button.h>
 #include <wx/evtloop.h>
-#include <wx/ffile.h>
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/msgdlg.h>
 #include <wx/stopwatch.h>
 #include <wx/textdlg.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
-TemporaryFolder::TemporaryFolder()
-{
-    std::string pattern = (std::filesystem::temp_directory_path() / "pstyle-test-XXXXXX").string();
-    if (!mkdtemp(pattern.data()))
-        throw std::runtime_error("no temporary folder");
-    m_path = wxString::FromUTF8(pattern);
-}
-
-TemporaryFolder::~TemporaryFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path.utf8_string(), ignored);
-}
 
 std::string readBytes(const wxString& path)
 {
-    std::ifstream file(path.utf8_string(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return support::readFile(path.utf8_string());
 }
 
 void writeBytes(const wxString& path, const std::string& bytes)
 {
-    std::ofstream(path.utf8_string(), std::ios::binary) << bytes;
+    support::writeFile(path.utf8_string(), bytes);
 }
 
 ErrorLog::ErrorLog()

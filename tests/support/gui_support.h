@@ -4,6 +4,8 @@
 #ifndef TESTS_GUI_SUPPORT_H
 #define TESTS_GUI_SUPPORT_H
 
+#include "support/test_files.h"
+
 #include <wx/dialog.h>
 #include <wx/log.h>
 #include <wx/modalhook.h>
@@ -18,24 +20,19 @@
 
 class wxFileDialog;
 
-/// A folder of its own for a test's files, removed with all it holds.
+/// A folder of its own for a test's files, by the toolkit's kind of paths.
 class TemporaryFolder
 {
 public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    wxString path() const { return m_path; }
+    wxString path() const { return wxString::FromUTF8(m_folder.path().string()); }
     /// The full path of a file in the folder.
-    wxString file(const wxString& name) const { return m_path + "/" + name; }
+    wxString file(const wxString& name) const { return path() + "/" + name; }
 
 private:
-    wxString m_path;
+    support::TempFolder m_folder;
 };
 
-/// The bytes of a file; empty when there is none.
+/// The bytes of a file.
 std::string readBytes(const wxString& path);
 void writeBytes(const wxString& path, const std::string& bytes);
 

@@ -1,6 +1,6 @@
 // Reading the screen from the X server.
 
-#include "screen_image.h"
+#include "support/screen_image.h"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>

@@ -2,11 +2,11 @@
 
 #include "cmdapi/cma.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <iterator>
+#include <system_error>
 
 namespace
 {
@@ -158,16 +158,21 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: %s DIR\n", argv[0]);
         return 2;
     }
-    const std::filesystem::path folder(argv[1]);
-    return std::all_of(std::begin(kSamples), std::end(kSamples),
-                       [&folder](const Sample& sample)
-                       {
-                           const std::filesystem::path path = folder / sample.fileName;
-                           if (cma::savePlotStyleTable(path.wstring(), sample.make()))
-                               return true;
-                           std::fprintf(stderr, "cannot write %s\n", path.c_str());
-                           return false;
-                       })
-               ? 0
-               : 1;
+    // The names of the tables are plain, whatever the locale makes of the folder's.
+    std::error_code error;
+    std::filesystem::current_path(argv[1], error);
+    if (error)
+    {
+        std::fprintf(stderr, "%s: %s\n", argv[1], error.message().c_str());
+        return 1;
+    }
+    for (const Sample& sample : kSamples)
+    {
+        if (!cma::savePlotStyleTable(sample.fileName, sample.make()))
+        {
+            std::fprintf(stderr, "cannot write %ls in %s\n", sample.fileName, argv[1]);
+            return 1;
+        }
+    }
+    return 0;
 }

@@ -1,0 +1,40 @@
+// Files and folders for tests.
+
+#ifndef SUPPORT_TEST_FILES_H
+#define SUPPORT_TEST_FILES_H
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace support
+{
+
+/// A new folder that is removed with all that is in it at the end of its scope.
+class TempFolder
+{
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& path() const noexcept { return m_path; }
+    std::filesystem::path operator/(std::string_view name) const { return m_path / name; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+std::string readFile(const std::filesystem::path& path);
+void writeFile(const std::filesystem::path& path, std::string_view bytes);
+/// The names of what is in a folder, sorted.
+std::vector<std::string> namesIn(const std::filesystem::path& folder);
+
+/// The tables in the folder that PSTYLE_REAL_TABLES names; empty when it is not set.
+std::vector<std::filesystem::path> realTables();
+
+} // namespace support
+
+#endif

@@ -1,0 +1,260 @@
+// Tests of reading what is no table, or made to do harm.
+
+#include "support/tables.h"
+#include "support/test_files.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace support;
+
+namespace
+{
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kMemoryIsComparable = false; // the instrumentation has memory of its own
+#else
+constexpr bool kMemoryIsComparable = true;
+#endif
+
+constexpr std::size_t kMostText = std::size_t{16} << 20;
+
+bool isTable(std::string_view file)
+{
+    return !tablefile::decode(bufferOf(file)).table.isNull();
+}
+
+tablefile::Status statusOfFile(const std::filesystem::path& path)
+{
+    const tablefile::LoadResult result = tablefile::load(path.string());
+    EXPECT_EQ(result.table.isNull(), result.error.status != tablefile::Status::Ok);
+    return result.error.status;
+}
+
+/// What a process of its own took at most while it loaded a file, in MiB.
+double peakMemoryOfLoading(const std::filesystem::path& path)
+{
+    const std::string self = std::filesystem::read_symlink("/proc/self/exe");
+    const pid_t child = ::fork();
+    if (child == 0)
+    {
+        // A fresh process, since a forked one starts with the peak of its parent.
+        ::setenv("PSTYLE_TEST_LOAD", path.c_str(), 1);
+        ::execl(self.c_str(), self.c_str(), "--gtest_filter=Hostile.LoadsWhatItIsTold", nullptr);
+        ::_exit(127);
+    }
+    int status = 0;
+    struct rusage usage = {};
+    ::wait4(child, &status, 0, &usage);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    return static_cast<double>(usage.ru_maxrss) / 1024.0;
+}
+
+/// Texts that make much of little.
+std::string repeated(std::string_view part, std::size_t size)
+{
+    std::string text;
+    text.reserve(size);
+    while (text.size() + part.size() <= size)
+        text += part;
+    return text;
+}
+
+struct HostileText
+{
+    const char* what;
+    std::string start, part, end;
+};
+
+const HostileText kHostileTexts[] = {
+    {"tiny styles", "plot_style{\n", "0{\n}\n", "}\n"},
+    {"named styles", "plot_style{\n", "0{\nname=\"abcd\nlocalized_name=\"abcd1\n}\n", "}\n"},
+    {"lineweights", "plot_style{\n}\ncustom_lineweight_table{\n", "0=0\n", "}\n"},
+    {"deep groups", "plot_style{\n}\n", "{\n", ""},
+    {"closings", "plot_style{\n", "}\n", ""},
+    {"one long line", "plot_style{\n}\ndescription=\"", "x", "\n"},
+    {"one long name", "plot_style{\n0{\nname=\"", "x", "\n}\n}\n"},
+    {"one long line without a value", "plot_style{\n}\n", "x", "\n"},
+    {"empty lines", "plot_style{\n}\n", "\n", ""},
+    {"unknown keys", "plot_style{\n}\n", "k=\n", ""},
+};
+
+} // namespace
+
+/// Loads the file that the environment names: the other half of peakMemoryOfLoading().
+TEST(Hostile, LoadsWhatItIsTold)
+{
+    const char* const path = std::getenv("PSTYLE_TEST_LOAD");
+    if (!path)
+        GTEST_SKIP() << "runs in a process of its own, for the tests of the memory";
+    const tablefile::LoadResult result = tablefile::load(path);
+    EXPECT_EQ(result.table.isNull(), result.error.status != tablefile::Status::Ok);
+}
+
+TEST(Hostile, FilesThatAreNoTables)
+{
+    const TempFolder folder;
+    using tablefile::Status;
+    EXPECT_EQ(statusOfFile(folder / "missing.ctb"), Status::CannotRead);
+    EXPECT_EQ(statusOfFile(folder.path()), Status::CannotRead);
+    const std::pair<const char*, std::string> kFiles[] = {
+        {"empty.ctb", ""},
+        {"text.ctb", "description=\"A table?\n"},
+        {"solid.stb", std::string(80, ' ') + std::string(4, '\1') + std::string(50, '\0')},
+        {"header.stb", pack("").substr(0, 60)},
+        {"archive.stb", "PK\3\4" + std::string(100, '\7')},
+    };
+    for (const auto& [name, bytes] : kFiles)
+    {
+        writeFile(folder / name, bytes);
+        EXPECT_EQ(statusOfFile(folder / name), Status::NotATable) << name;
+    }
+}
+
+TEST(Hostile, OtherKindsOfTheSameContainer)
+{
+    for (const char* const kind : {"PC3", "PMP", "XTB", "ctb"})
+    {
+        Container container;
+        container.kind = kind;
+        EXPECT_FALSE(isTable(pack(colorTableText(), container))) << kind;
+    }
+}
+
+TEST(Hostile, PipesAndDevicesAreNotWaitedFor)
+{
+    const TempFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe.ctb").c_str(), 0600), 0);
+    EXPECT_EQ(statusOfFile(folder / "pipe.ctb"), tablefile::Status::CannotRead);
+    EXPECT_EQ(statusOfFile("/dev/zero"), tablefile::Status::CannotRead);
+}
+
+TEST(Hostile, ATableCutAnywhere)
+{
+    const std::string file = pack(namedTableText({"Normal", "Walls"}));
+    constexpr std::size_t kTrailer = 4;
+    for (std::size_t size = 0; size < file.size(); ++size)
+    {
+        const tablefile::LoadResult result =
+            tablefile::decode(bufferOf(std::string_view(file).substr(0, size)));
+        const bool isWhole = !result.table.isNull() && result.table->styleCount() == 2;
+        const bool isInTrailer = size >= file.size() - kTrailer;
+        EXPECT_TRUE(result.table.isNull() || (isInTrailer && isWhole)) << size;
+    }
+}
+
+TEST(Hostile, ATextCutAnywhere)
+{
+    const std::string text = namedTableText({"Normal"});
+    for (std::size_t size = 0; size < text.size() - 1; ++size)
+    {
+        // Between two groups the text is that of a table with fewer groups.
+        const std::size_t weights = text.find("custom_lineweight_table{");
+        const std::size_t weightsOpened =
+            weights + std::string_view("custom_lineweight_table{").size();
+        const bool isBetween = size + 1 >= weights && size < weightsOpened;
+        EXPECT_EQ(isTable(pack(std::string_view(text).substr(0, size))), isBetween) << size;
+    }
+}
+
+TEST(Hostile, HeaderBytesFlipped)
+{
+    const std::string file = pack(colorTableText());
+    for (std::size_t i = 0; i < 60; ++i)
+    {
+        for (const int flip : {0x01, 0x10, 0x20, 0x80, 0xFF})
+        {
+            std::string flipped = file;
+            flipped[i] = static_cast<char>(flipped[i] ^ flip);
+            const bool isNumber = i >= 48;
+            const bool isOtherKind = i == 19 && flipped[i] == 'S'; // C to S is one bit
+            EXPECT_EQ(isTable(flipped), isNumber || isOtherKind) << i << ' ' << flip;
+        }
+    }
+}
+
+TEST(Hostile, StreamBytesFlippedNeverDoHarm)
+{
+    const std::string file = pack(namedTableText({"Normal", "Walls", "Doors"}));
+    for (std::size_t i = 60; i < file.size(); ++i)
+    {
+        for (int bit = 0; bit < 8; ++bit)
+        {
+            std::string flipped = file;
+            flipped[i] = static_cast<char>(flipped[i] ^ (1 << bit));
+            const tablefile::LoadResult result = tablefile::decode(bufferOf(flipped));
+            EXPECT_TRUE(result.table.isNull() || bytesOf(*result.table) == flipped);
+        }
+    }
+}
+
+TEST(Hostile, TextsThatAreTooLong)
+{
+    const std::string start = namedTableText({"Normal"});
+    const std::string most = start + repeated("k=v\n", kMostText - start.size() - 1);
+    EXPECT_TRUE(isTable(pack(most)));
+    const tablefile::LoadResult result =
+        tablefile::decode(bufferOf(pack(most + repeated("k=v\n", 100))));
+    EXPECT_EQ(result.error.status, tablefile::Status::TooLarge);
+}
+
+TEST(Hostile, MemoryStaysBounded)
+{
+    if (!kMemoryIsComparable)
+        GTEST_SKIP() << "the sanitizer's own memory is in the way";
+    const TempFolder folder;
+    const std::filesystem::path path = folder / "hostile.stb";
+    constexpr double kMostMemory = 64;
+    for (const HostileText& hostile : kHostileTexts)
+    {
+        for (const int level : {0, 6})
+        {
+            Container container;
+            container.level = level;
+            const std::size_t room = kMostText - 1 - hostile.start.size() - hostile.end.size();
+            writeFile(path,
+                      pack(hostile.start + repeated(hostile.part, room) + hostile.end, container));
+            const double peak = peakMemoryOfLoading(path);
+            EXPECT_LT(peak, kMostMemory) << hostile.what << ", level " << level;
+            std::printf("%s, level %d: %.1f MiB\n", hostile.what, level, peak);
+        }
+    }
+    Container bomb;
+    bomb.inflatedSize = 0x40000000;
+    writeFile(path, pack(repeated("x", std::size_t{256} << 20), bomb));
+    EXPECT_LT(peakMemoryOfLoading(path), kMostMemory);
+    writeFile(path, pack(largeTableText(100000)));
+    const double large = peakMemoryOfLoading(path);
+    EXPECT_LT(large, kMostMemory);
+    std::printf("a table of 100,000 styles: %.1f MiB\n", large);
+}
+
+TEST(Hostile, LargeTablesLoad)
+{
+    Container container;
+    container.kind = "STB";
+    const std::string file = pack(largeTableText(100000), container);
+    const OdPsPlotStyleTablePtr table = tableOf(file);
+    ASSERT_EQ(table->styleCount(), 100000);
+    EXPECT_EQ(table->styleAt(99999)->name(), OdString(L"Style 99999"));
+    EXPECT_EQ(bytesOf(*table), file);
+    EXPECT_EQ(table->findStyleByName(L"STYLE 5"), table->styleAt(5));
+}
+
+TEST(Hostile, LargeTablesCanBeSavedAsLongAsTheyCanBeRead)
+{
+    const OdPsPlotStyleTablePtr table = tableOfText(namedTableText({"Normal"}), "STB");
+    for (int i = 0; i < 30000; ++i)
+        table->addNewStyle(L"Style " + std::to_wstring(i));
+    const std::string file = bytesOf(*table);
+    EXPECT_EQ(tableOf(file)->styleCount(), 30001);
+    for (int i = 0; i < 30000; ++i)
+        table->addNewStyle(L"More styles " + std::to_wstring(i));
+    EXPECT_EQ(tablefile::encode(*table).error.status, tablefile::Status::TooLarge);
+}
