@@ -1,7 +1,7 @@
 // The functions that open the editor.
 
-#include "support/gui_support.h"
 #include "psl.h"
+#include "support/gui_support.h"
 
 #include "cmdapi/cma.h"
 

@@ -1,7 +1,7 @@
 // The embedded files: their registration, their types and what the toolkit makes of them.
 
-#include "support/gui_support.h"
 #include "psl.h"
+#include "support/gui_support.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 #ifndef TESTS_EDITOR_TEST_H
 #define TESTS_EDITOR_TEST_H
 
-#include "support/gui_support.h"
 #include "psl.h"
 #include "psl_dlg_plot_style_editor.h"
+#include "support/gui_support.h"
 
 #include "cmdapi/cma.h"
 

@@ -13,7 +13,6 @@
 #include <wx/stopwatch.h>
 #include <wx/textdlg.h>
 
-
 std::string readBytes(const wxString& path)
 {
     return support::readFile(path.utf8_string());
