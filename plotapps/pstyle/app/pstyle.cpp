@@ -109,6 +109,14 @@ public:
     {
     }
 
+    // Until there are windows, messages go to standard error: above all the one that there is no
+    // display. The toolkit ends that by itself when it has started.
+    bool Initialize(int& argumentCount, wxChar** arguments) override
+    {
+        delete wxLog::SetActiveTarget(new wxLogStderr);
+        return wxApp::Initialize(argumentCount, arguments);
+    }
+
     bool OnInit() override
     {
         SetAppName("pstyle");
