@@ -215,7 +215,8 @@ void DlgPlotStyleEditor::preparePens()
         wxg::allowSpinText(spin);
         const int width =
             std::max(spin->GetTextExtent(_("Automatic")).x, spin->GetTextExtent(_("Varies")).x);
-        spin->SetMinSize(spin->GetSizeFromTextSize(width));
+        const int padding = spin->GetTextExtent("00").x;
+        spin->SetMinSize(spin->GetSizeFromTextSize(width + padding));
         const auto selectWord = [spin]
         {
             if (spin->GetValue() == 0)
