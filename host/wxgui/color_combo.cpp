@@ -2,8 +2,9 @@
 
 #include "wxgui/color_combo.h"
 
+#include "wxgui/color_dialog.h"
+
 #include <wx/bitmap.h>
-#include <wx/colordlg.h>
 #include <wx/dcmemory.h>
 #include <wx/intl.h>
 
@@ -22,33 +23,11 @@ constexpr int otherEntry = 9;
 
 const wxSize swatchSize(24, 12);
 
-OdCmEntityColor plainColor(OdCmEntityColor color)
-{
-    if (color.colorMethod() != OdCmEntityColor::kByACI)
-        return color;
-    OdCmEntityColor rgb;
-    rgb.setColor(0xC2000000 | OdCmEntityColor::lookUpRGB(color.colorIndex()));
-    return rgb;
-}
-
 OdCmEntityColor indexColor(int index)
 {
     OdCmEntityColor color;
     color.setColorIndex(index);
     return color;
-}
-
-wxColour toolkitColor(OdCmEntityColor color)
-{
-    const OdCmEntityColor rgb = plainColor(color);
-    return {rgb.red(), rgb.green(), rgb.blue()};
-}
-
-wxString colorText(OdCmEntityColor color)
-{
-    if (color.colorMethod() == OdCmEntityColor::kByACI)
-        return wxString::Format(_("Color %d"), color.colorIndex());
-    return wxString::Format("%d,%d,%d", color.red(), color.green(), color.blue());
 }
 
 } // namespace
@@ -149,16 +128,11 @@ void ColorCombo::onPicked(wxCommandEvent& event)
 
 bool ColorCombo::askForColor()
 {
-    wxColourData data;
-    data.SetChooseFull(true);
-    if (const auto current = entryColor(m_selected))
-        data.SetColour(toolkitColor(*current));
-    wxColourDialog dialog(this, &data);
-    dialog.SetTitle(m_title);
+    const auto current = entryColor(m_selected);
+    ColorDialog dialog(this, m_title, current ? *current : OdCmEntityColor());
     if (dialog.ShowModal() != wxID_OK)
         return false;
-    const wxColour picked = dialog.GetColourData().GetColour();
-    setColor({picked.Red(), picked.Green(), picked.Blue()});
+    setColor(dialog.color());
     return true;
 }
 

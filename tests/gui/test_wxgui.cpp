@@ -4,6 +4,7 @@
 #include "support/screen_image.h"
 
 #include "wxgui/color_combo.h"
+#include "wxgui/color_palette.h"
 #include "wxgui/image_combo.h"
 #include "wxgui/wxgui.h"
 
@@ -347,8 +348,127 @@ TEST_F(ColorCombos, AChosenColourIsPickedLikeAnEntry)
     // The dialog starts with the current colour.
     answers.press(wxID_OK);
     pick(8);
+    EXPECT_EQ(answers.shown().front().caption, "Color Control");
     EXPECT_EQ(picks, 1);
     ASSERT_TRUE(combo->color());
+    EXPECT_EQ(combo->color()->color(), 0xC2123456);
+}
+
+namespace
+{
+
+wxg::ColorPalette* paletteOf(wxDialog* dialog)
+{
+    for (wxWindow* child : dialog->GetChildren())
+        if (auto* palette = dynamic_cast<wxg::ColorPalette*>(child))
+            return palette;
+    throw std::runtime_error("no palette");
+}
+
+void sendKey(wxWindow* window, int key)
+{
+    wxKeyEvent event(wxEVT_KEY_DOWN);
+    event.m_keyCode = key;
+    event.SetEventObject(window);
+    window->GetEventHandler()->ProcessEvent(event);
+}
+
+void sendMouse(wxWindow* window, wxEventType type, const wxPoint& position)
+{
+    wxMouseEvent event(type);
+    event.SetPosition(position);
+    event.SetEventObject(window);
+    window->GetEventHandler()->ProcessEvent(event);
+}
+
+} // namespace
+
+TEST_F(ColorCombos, TheChoiceOffersEveryIndexColour)
+{
+    DialogAnswers answers;
+    std::set<int> found;
+    answers.run(
+        [&found](wxDialog* dialog)
+        {
+            wxg::ColorPalette* palette = paletteOf(dialog);
+            for (int y = 4; y < palette->GetSize().y; y += 6)
+                for (int x = 4; x < palette->GetSize().x; x += 6)
+                {
+                    sendMouse(palette, wxEVT_LEFT_DOWN, wxPoint(x, y));
+                    found.insert(palette->index());
+                }
+        });
+    pick(8);
+    found.erase(0);
+    EXPECT_EQ(found.size(), 255u);
+    EXPECT_EQ(*found.begin(), 1);
+    EXPECT_EQ(*found.rbegin(), 255);
+    EXPECT_EQ(picks, 0) << "the dialog was cancelled";
+}
+
+TEST_F(ColorCombos, ADoubleClickOnAnIndexColourPicksIt)
+{
+    DialogAnswers answers;
+    answers.run([](wxDialog* dialog)
+                { sendMouse(paletteOf(dialog), wxEVT_LEFT_DCLICK, wxPoint(4, 4)); });
+    pick(8);
+    EXPECT_EQ(picks, 1);
+    EXPECT_EQ(combo->color()->colorIndex(), 18);
+    EXPECT_EQ(combo->GetValue(), "Color 18");
+}
+
+TEST_F(ColorCombos, ArrowKeysAndReturnPickAnIndexColour)
+{
+    combo->setColor(indexColor(10));
+    DialogAnswers answers;
+    answers.run(
+        [](wxDialog* dialog)
+        {
+            wxg::ColorPalette* palette = paletteOf(dialog);
+            EXPECT_EQ(palette->index(), 10);
+            for (const auto& [key, index] : {std::pair(WXK_RIGHT, 20),
+                                             {WXK_UP, 22},
+                                             {WXK_LEFT, 12},
+                                             {WXK_LEFT, 12},
+                                             {WXK_DOWN, 10},
+                                             {WXK_DOWN, 11},
+                                             {WXK_DOWN, 13},
+                                             {WXK_DOWN, 15},
+                                             {WXK_DOWN, 17},
+                                             {WXK_DOWN, 19},
+                                             {WXK_DOWN, 1},
+                                             {WXK_DOWN, 250},
+                                             {WXK_DOWN, 250}})
+            {
+                sendKey(palette, key);
+                EXPECT_EQ(palette->index(), index);
+            }
+            sendKey(palette, WXK_RETURN);
+        });
+    pick(8);
+    EXPECT_EQ(picks, 1);
+    EXPECT_EQ(combo->color()->colorIndex(), 250);
+}
+
+TEST_F(ColorCombos, ATrueColourCanBeChosen)
+{
+    combo->setColor({18, 52, 86});
+    DialogAnswers answers;
+    answers.run(
+        [](wxDialog* dialog)
+        {
+            for (wxWindow* child : dialog->GetChildren())
+                if (wxControl::GetLabelText(child->GetLabel()) == "True Color...")
+                {
+                    wxCommandEvent event(wxEVT_BUTTON, child->GetId());
+                    child->GetEventHandler()->ProcessEvent(event);
+                }
+            click(*dialog, wxID_OK);
+        });
+    answers.press(wxID_OK);
+    pick(8);
+    ASSERT_EQ(answers.shown().size(), 2u);
+    EXPECT_EQ(answers.shown()[1].className, "wxColourDialog");
     EXPECT_EQ(combo->color()->color(), 0xC2123456);
 }
 

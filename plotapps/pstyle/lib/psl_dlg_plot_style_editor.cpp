@@ -110,6 +110,7 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
     preparePens();
     setValidators();
     fillLists();
+    bindStyleKeys();
     load();
     SetFocus();
 }

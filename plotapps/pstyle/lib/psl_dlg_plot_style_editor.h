@@ -110,6 +110,9 @@ private:
     bool isFormViewCurrent() const;
     bool isEditable(const std::vector<int>& selectedStyles) const;
     std::vector<int> selectedStyles() const;
+    void bindStyleKeys();
+    bool onStyleKey(const wxKeyEvent& event);
+    void selectAllStyles();
     wxString askForStyleName();
     void insertStyle(const wxString& name, int index, const OdPsPlotStylePtr& model);
     void stylesChanged();

@@ -203,6 +203,52 @@ void DlgPlotStyleEditor::onUpdateUIStyleDelGrid(wxUpdateUIEvent& event)
     event.Skip();
 }
 
+// The keys do what the buttons do, and only where those are there to be pressed.
+void DlgPlotStyleEditor::bindStyleKeys()
+{
+    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    list->Bind(wxEVT_CHAR_HOOK,
+               [this, list](wxKeyEvent& event)
+               {
+                   if (list->GetEditControl() || !onStyleKey(event))
+                       event.Skip();
+               });
+}
+
+bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
+{
+    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    const long focused = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    wxCommandEvent pressed(wxEVT_BUTTON);
+    const bool isPlain = event.GetModifiers() == wxMOD_NONE;
+    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'A')
+        selectAllStyles();
+    else if (isPlain && event.GetKeyCode() == WXK_F2 && focused >= 0)
+        list->EditLabel(focused);
+    else if (isPlain && event.GetKeyCode() == WXK_INSERT)
+        onStyleAdd(pressed);
+    else if (isPlain && event.GetKeyCode() == WXK_DELETE)
+    {
+        if (isEditable(selectedStyles()))
+            onStyleDel(pressed);
+    }
+    else
+        return false;
+    return true;
+}
+
+// The fields are gathered once for all rows, not once for each.
+void DlgPlotStyleEditor::selectAllStyles()
+{
+    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    {
+        wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_SELECTED);
+        for (int row = 0; row < list->GetItemCount(); ++row)
+            list->SetItemState(row, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    }
+    updateStyleFields();
+}
+
 void DlgPlotStyleEditor::onStyleSelected(wxListEvent&)
 {
     updateStyleFields();
