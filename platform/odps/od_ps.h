@@ -78,7 +78,8 @@ using OdPsPlotStylePtr = OdSmartPtr<OdPsPlotStyle>;
 namespace OdPs
 {
 
-/// Orders style names without regard to case (wide characters, by the C locale's case tables).
+/// Orders style names without regard to case: of wide characters, by Unicode's case tables whatever
+/// the locale.
 struct OdPsStrLess
 {
     bool operator()(const wchar_t* a, const wchar_t* b) const;

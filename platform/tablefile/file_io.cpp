@@ -150,6 +150,18 @@ int createIn(const fs::path& folder, mode_t mode, std::string& path)
     failWrite("create", errno);
 }
 
+/// Gives a file the owner and the permission bits of another. Only a privileged user may give a
+/// file away, so the owner stays where the system refuses; the group is tried by itself then.
+void giveTo(int descriptor, const struct stat& other)
+{
+    constexpr auto kSameOwner = static_cast<uid_t>(-1);
+    const bool isGiven = ::fchown(descriptor, other.st_uid, other.st_gid) == 0 ||
+                         ::fchown(descriptor, kSameOwner, other.st_gid) == 0;
+    (void)isGiven;
+    if (::fchmod(descriptor, other.st_mode & kPermissionBits) != 0)
+        failWrite("set permissions", errno);
+}
+
 /// Brings the folder's new entry to the disk. Not every file system can, and the file has its new
 /// contents already, so a failure is none of the save.
 void syncFolder(const fs::path& folder)
@@ -192,8 +204,8 @@ void replaceFile(const std::string& path, std::string_view bytes)
     File file(createIn(folder, mode, temporaryPath));
     TemporaryName temporary(temporaryPath);
     writeAll(file.get(), bytes);
-    if (exists && ::fchmod(file.get(), mode) != 0)
-        failWrite("set permissions", errno);
+    if (exists)
+        giveTo(file.get(), old);
     if (::fsync(file.get()) != 0)
         failWrite("synchronize", errno);
     if (!file.close())

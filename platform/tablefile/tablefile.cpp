@@ -5,6 +5,7 @@
 #include "tablefile/container.h"
 #include "tablefile/file_io.h"
 #include "tablefile/limits.h"
+#include "tablefile/text_editor.h"
 #include "tablefile/text_reader.h"
 #include "tablefile/text_writer.h"
 

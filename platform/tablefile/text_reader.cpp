@@ -241,9 +241,10 @@ std::vector<std::uint32_t> TableReader::groupsByNumber() const
     const std::vector<StyleGroup>& groups = m_origin.styleGroups;
     std::vector<std::uint32_t> order(groups.size());
     std::iota(order.begin(), order.end(), 0u);
-    std::stable_sort(order.begin(), order.end(),
-                     [&groups](std::uint32_t a, std::uint32_t b)
-                     { return groups[a].number < groups[b].number; });
+    const auto byNumber = [&groups](std::uint32_t a, std::uint32_t b)
+    { return groups[a].number < groups[b].number; };
+    if (!std::is_sorted(order.begin(), order.end(), byNumber))
+        std::stable_sort(order.begin(), order.end(), byNumber);
     return order;
 }
 
@@ -261,7 +262,7 @@ void TableReader::orderStyles(bool colorDependent)
         group.position = hasPlace ? group.number : static_cast<std::uint32_t>(ordered.size());
         if (!hasPlace)
             ordered.emplace_back();
-        ordered[group.position] = m_origin.styles[i];
+        ordered[group.position] = std::move(m_origin.styles[i]);
     }
     m_origin.styles = std::move(ordered);
     if (colorDependent)

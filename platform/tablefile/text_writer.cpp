@@ -1,8 +1,4 @@
-// Writes a table as text.
-//
-// A table that was read keeps its text; a save compares the values that the text gives with those
-// that the table holds now, and collects an edit for each line that differs. Everything else of
-// the text stays: unknown keys, the order of keys and styles, line ends, the bytes of a value.
+// Writes the values and the groups of a table as text.
 
 #include "tablefile/text_writer.h"
 
@@ -10,32 +6,35 @@
 #include "tablefile/limits.h"
 #include "tablefile/values.h"
 
-#include <algorithm>
-#include <map>
-#include <unordered_map>
-
 namespace tablefile
 {
 namespace
 {
 
-constexpr std::string_view kNewLine = "\n";
 constexpr std::string_view kRowIndent = " ";
-constexpr std::string_view kStyleIndent = "  ";
 
-// --- Values ----------------------------------------------------------------------------------
-
-/// What a file holds of a style.
-struct StyleValues
+void appendGroupStart(std::string& text, TableGroup group, std::string_view newLine)
 {
-    StyleTexts texts;
-    OdPsPlotStyleData data;
-};
+    append(text, {kTableGroups[indexOf(group)], "{", newLine});
+}
+
+void appendColorNames(std::string& text)
+{
+    appendGroupStart(text, TableGroup::AciTable, kNewLine);
+    for (int i = 0; i < OdPs::kColorStyleCount; ++i)
+    {
+        const std::string name = writeText(OdPs::colorStyleName(i).str());
+        appendRow(text, static_cast<std::size_t>(i), name, kNewLine);
+    }
+    append(text, {"}", kNewLine});
+}
+
+} // namespace
 
 void makeStorable(StyleTexts& texts)
 {
     for (std::wstring* text : {&texts.name, &texts.localizedName, &texts.description})
-        *text = storableText(*text);
+        *text = storableText(std::move(*text));
 }
 
 StyleValues valuesOf(const OdPsPlotStyle& style)
@@ -45,14 +44,6 @@ StyleValues valuesOf(const OdPsPlotStyle& style)
     style.getData(values.data);
     makeStorable(values.texts);
     return values;
-}
-
-std::string writeTextValue(const std::wstring& text)
-{
-    std::string written = writeText(text);
-    if (written.size() > kMaxValue)
-        throw Error{Status::TooLarge, 0, "a text is too long"};
-    return written;
 }
 
 std::string writeStyleValue(StyleKey key, const StyleValues& values)
@@ -84,8 +75,6 @@ std::string writeStyleValue(StyleKey key, const StyleValues& values)
     }
 }
 
-/// Whether a file would hold another value of a key. Both keys of the colour change together, even
-/// where the nearest index colour stays the same: other writers choose it differently.
 bool differs(StyleKey key, const StyleValues& a, const StyleValues& b)
 {
     switch (key)
@@ -148,7 +137,13 @@ std::string writeTableValue(TableKey key, const TableValues& values, bool colorD
     return {};
 }
 
-// --- Groups of a new text --------------------------------------------------------------------
+std::string writeTextValue(const std::wstring& text)
+{
+    std::string written = writeText(text);
+    if (written.size() > kMaxValue)
+        throw Error{Status::TooLarge, 0, "a text is too long"};
+    return written;
+}
 
 void append(std::string& text, std::initializer_list<std::string_view> parts)
 {
@@ -173,22 +168,6 @@ void appendRow(std::string& text, std::size_t row, std::string_view value, std::
     append(text, {kRowIndent, std::to_string(row), "=", value, newLine});
 }
 
-void appendGroupStart(std::string& text, TableGroup group, std::string_view newLine)
-{
-    append(text, {kTableGroups[indexOf(group)], "{", newLine});
-}
-
-void appendColorNames(std::string& text)
-{
-    appendGroupStart(text, TableGroup::AciTable, kNewLine);
-    for (int i = 0; i < OdPs::kColorStyleCount; ++i)
-    {
-        const std::string name = writeText(OdPs::colorStyleName(i).str());
-        appendRow(text, static_cast<std::size_t>(i), name, kNewLine);
-    }
-    append(text, {"}", kNewLine});
-}
-
 void appendLineweights(std::string& text, const OdPsPlotStyleTable& table, std::string_view newLine)
 {
     appendGroupStart(text, TableGroup::Lineweights, newLine);
@@ -196,377 +175,6 @@ void appendLineweights(std::string& text, const OdPsPlotStyleTable& table, std::
         appendRow(text, static_cast<std::size_t>(i), writeReal(table.lineweightAt(i)), newLine);
     append(text, {"}", newLine});
 }
-
-// --- Edits of an old text --------------------------------------------------------------------
-
-/// A replacement of a part of the text; an empty part is an insertion.
-struct Edit
-{
-    Span span;
-    std::string text;
-};
-
-/// Copies a part of the text with the edits that lie in it.
-std::string edited(std::string_view text, Span part, std::vector<Edit> edits)
-{
-    std::stable_sort(edits.begin(), edits.end(),
-                     [](const Edit& a, const Edit& b) { return a.span.begin < b.span.begin; });
-    std::string result;
-    result.reserve(part.end - part.begin + edits.size() * 16);
-    for (const Edit& edit : edits)
-    {
-        result.append(Span{part.begin, edit.span.begin}.in(text)).append(edit.text);
-        part.begin = edit.span.end;
-    }
-    return result.append(part.in(text));
-}
-
-std::uint32_t lineEnd(std::string_view text, std::uint32_t position)
-{
-    const std::size_t end = text.find('\n', position);
-    return static_cast<std::uint32_t>(end == std::string_view::npos ? text.size() : end + 1);
-}
-
-/// Collects the edits that turn an origin's text into that of the table as it is now.
-class TableEditor
-{
-public:
-    TableEditor(const OdPsPlotStyleTable& table, const Origin& origin)
-        : m_table(table)
-        , m_origin(origin)
-        , m_text(origin.text())
-        , m_newLine(m_text.find("\r\n") == std::string_view::npos ? kNewLine : "\r\n")
-        , m_styles(table.styleArray())
-        , m_sameStyles(m_styles == origin.styles)
-    {
-    }
-
-    std::optional<std::string> changedText();
-
-private:
-    struct PlacedStyle
-    {
-        const StyleGroup* group; ///< null for a style that the text does not have
-        const OdPsPlotStyle* style;
-        std::uint32_t number;
-    };
-
-    template <std::size_t N>
-    void setValue(std::vector<Edit>& edits, const std::array<std::string_view, N>& keys,
-                  const std::array<Span, N>& values, std::size_t key, const std::string& value,
-                  std::uint32_t first, std::string_view indent) const;
-    void insertLines(std::vector<Edit>& edits, std::uint32_t position, std::string lines) const;
-    void replace(std::vector<Edit>& edits, Span span, std::string text) const;
-
-    void editTableValues();
-    void editLineweights();
-    void editStyles();
-    void editStyleNames();
-
-    bool wasSet(const OdPsPlotStyle& style) const;
-    StyleValues originalValues(const StyleGroup& group, const StyleFields& fields) const;
-    StyleFields fieldsOf(const StyleGroup& group) const;
-    void editStyle(std::vector<Edit>& edits, const StyleGroup& group,
-                   const OdPsPlotStyle& style) const;
-    bool isDefaultColorStyle(std::size_t position) const;
-    bool hasChangedFillers() const;
-    std::vector<PlacedStyle> placedStyles() const;
-    std::string arrangedStyles() const;
-    std::string styleText(const PlacedStyle& placed) const;
-    std::map<std::wstring, std::wstring> changedNames() const;
-
-    const OdPsPlotStyleTable& m_table;
-    const Origin& m_origin;
-    std::string_view m_text;
-    std::string_view m_newLine;
-    OdArray<OdPsPlotStylePtr> m_styles;
-    bool m_sameStyles; ///< the same objects in the same order as when the text was read
-    std::vector<Edit> m_edits;
-};
-
-std::optional<std::string> TableEditor::changedText()
-{
-    editTableValues();
-    editLineweights();
-    editStyles();
-    editStyleNames();
-    if (m_edits.empty())
-        return std::nullopt;
-    return edited(m_text, {0, static_cast<std::uint32_t>(m_text.size())}, std::move(m_edits));
-}
-
-void TableEditor::replace(std::vector<Edit>& edits, Span span, std::string text) const
-{
-    if (span.in(m_text) != text)
-        edits.push_back({span, std::move(text)});
-}
-
-void TableEditor::insertLines(std::vector<Edit>& edits, std::uint32_t position,
-                              std::string lines) const
-{
-    // The text's last line may have no end.
-    if (position > 0 && m_text[position - 1] != '\n')
-        lines.insert(0, m_newLine);
-    edits.push_back({{position, position}, std::move(lines)});
-}
-
-/// Gives a key of a group a value. A key that the text lacks goes behind the nearest of those that
-/// come before it in a new file. @param first where the group's lines begin
-template <std::size_t N>
-void TableEditor::setValue(std::vector<Edit>& edits, const std::array<std::string_view, N>& keys,
-                           const std::array<Span, N>& values, std::size_t key,
-                           const std::string& value, std::uint32_t first,
-                           std::string_view indent) const
-{
-    if (values[key])
-        return replace(edits, values[key], value);
-    std::uint32_t position = first;
-    for (std::size_t before = key; before > 0 && position == first; --before)
-    {
-        if (values[before - 1])
-            position = lineEnd(m_text, values[before - 1].end);
-    }
-    std::string line(indent);
-    append(line, {keys[key], "=", value, m_newLine});
-    insertLines(edits, position, std::move(line));
-}
-
-void TableEditor::editTableValues()
-{
-    const TableValues original = readTableValues(m_origin);
-    const TableValues now = valuesOf(m_table);
-    const bool colorDependent = m_table.isColorDependent();
-    for (std::size_t i = 0; i < kTableKeys.size(); ++i)
-    {
-        const auto key = static_cast<TableKey>(i);
-        const std::string value = writeTableValue(key, now, colorDependent);
-        if (value != writeTableValue(key, original, colorDependent))
-            setValue(m_edits, kTableKeys, m_origin.values, i, value, 0, {});
-    }
-}
-
-void TableEditor::editLineweights()
-{
-    const auto count = static_cast<std::size_t>(m_table.lineweightCount());
-    std::vector<Span> rows(count);
-    const Span group = m_origin.group(TableGroup::Lineweights);
-    forEachRow(m_text, group,
-               [&rows](std::size_t row, Span value)
-               {
-                   if (row < rows.size())
-                       rows[row] = value;
-               });
-    std::string missing;
-    for (std::size_t row = 0; row < count; ++row)
-    {
-        const double now = m_table.lineweightAt(static_cast<int>(row));
-        const double original = rows[row] ? realAt(m_text, rows[row]) : defaultLineweight(row);
-        if (now == original)
-            continue;
-        if (rows[row])
-            replace(m_edits, rows[row], writeReal(now));
-        else
-            appendRow(missing, row, writeReal(now), m_newLine);
-    }
-    if (missing.empty())
-        return;
-    if (group)
-        return insertLines(m_edits, group.end, std::move(missing));
-    missing.clear();
-    appendLineweights(missing, m_table, m_newLine);
-    insertLines(m_edits, static_cast<std::uint32_t>(m_text.size()), std::move(missing));
-}
-
-bool TableEditor::wasSet(const OdPsPlotStyle& style) const
-{
-    const auto* own = dynamic_cast<const OdPsPlotStyleImpl*>(&style);
-    return !own || own->wasSet();
-}
-
-StyleFields TableEditor::fieldsOf(const StyleGroup& group) const
-{
-    LineCursor lines(m_text, group.span.begin);
-    lines.next();
-    return StyleReader(m_text).read(lines);
-}
-
-StyleValues TableEditor::originalValues(const StyleGroup& group, const StyleFields& fields) const
-{
-    StyleValues values{{}, fields.data};
-    readStyleTexts(m_text, fields, values.texts);
-    if (m_table.isColorDependent())
-        nameColorStyle(values.texts, group.position);
-    makeStorable(values.texts);
-    return values;
-}
-
-void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group,
-                            const OdPsPlotStyle& style) const
-{
-    const StyleFields fields = fieldsOf(group);
-    const StyleValues original = originalValues(group, fields);
-    const StyleValues now = valuesOf(style);
-    const std::uint32_t first = lineEnd(m_text, group.span.begin);
-    for (std::size_t i = 0; i < kStyleKeys.size(); ++i)
-    {
-        const auto key = static_cast<StyleKey>(i);
-        if (differs(key, original, now))
-            setValue(edits, kStyleKeys, fields.values, i, writeStyleValue(key, now), first,
-                     kStyleIndent);
-    }
-}
-
-/// Whether a style is like the one that stands in for a colour that the text has no style for.
-bool TableEditor::isDefaultColorStyle(std::size_t position) const
-{
-    const std::wstring name = OdPs::colorStyleName(static_cast<int>(position)).str();
-    return areEqual(valuesOf(*m_styles[position]), {{name, name, {}}, {}});
-}
-
-/// Whether a style has been changed that stands in for a colour that the text has no style for.
-bool TableEditor::hasChangedFillers() const
-{
-    if (m_origin.styleGroups.size() == m_styles.size())
-        return false;
-    std::vector<bool> hasGroup(m_styles.size());
-    for (const StyleGroup& group : m_origin.styleGroups)
-        hasGroup[group.position] = true;
-    for (std::size_t i = 0; i < m_styles.size(); ++i)
-    {
-        if (!hasGroup[i] && wasSet(*m_styles[i]) && !isDefaultColorStyle(i))
-            return true;
-    }
-    return false;
-}
-
-void TableEditor::editStyles()
-{
-    if (!m_sameStyles || hasChangedFillers())
-        return replace(m_edits, m_origin.group(TableGroup::Styles), arrangedStyles());
-    for (const StyleGroup& group : m_origin.styleGroups)
-    {
-        const OdPsPlotStyle& style = *m_styles[group.position];
-        if (wasSet(style))
-            editStyle(m_edits, group, style);
-    }
-}
-
-/// The styles in the order in which their groups are to be written. Groups that stood in the order
-/// of their numbers do so again; otherwise they keep their places, and a new one follows the group
-/// of the style that precedes it in the table.
-std::vector<TableEditor::PlacedStyle> TableEditor::placedStyles() const
-{
-    const std::vector<StyleGroup>& groups = m_origin.styleGroups;
-    std::unordered_map<const OdPsPlotStyle*, const StyleGroup*> groupOf;
-    for (const StyleGroup& group : groups)
-        groupOf.emplace(m_origin.styles[group.position].get(), &group);
-
-    std::vector<std::pair<std::size_t, PlacedStyle>> placed; // with the place among the groups
-    std::size_t place = 0;
-    for (std::size_t i = 0; i < m_styles.size(); ++i)
-    {
-        const auto found = groupOf.find(m_styles[i].get());
-        const StyleGroup* const group = found == groupOf.end() ? nullptr : found->second;
-        if (!group && m_table.isColorDependent() && isDefaultColorStyle(i))
-            continue;
-        if (group)
-            place = static_cast<std::size_t>(group - groups.data()) + 1;
-        const bool keepsNumber = group && m_sameStyles;
-        const std::uint32_t number = keepsNumber ? group->number : static_cast<std::uint32_t>(i);
-        placed.push_back({place, {group, m_styles[i].get(), number}});
-    }
-    const auto byNumber = [](const StyleGroup& a, const StyleGroup& b)
-    { return a.number < b.number; };
-    if (!std::is_sorted(groups.begin(), groups.end(), byNumber))
-        std::stable_sort(placed.begin(), placed.end(),
-                         [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<PlacedStyle> result;
-    result.reserve(placed.size());
-    for (const auto& entry : placed)
-        result.push_back(entry.second);
-    return result;
-}
-
-std::string TableEditor::styleText(const PlacedStyle& placed) const
-{
-    if (!placed.group)
-    {
-        std::string text;
-        appendStyle(text, placed.number, valuesOf(*placed.style), m_newLine);
-        return text;
-    }
-    const Span span = placed.group->span;
-    std::vector<Edit> edits;
-    if (placed.number != placed.group->number)
-    {
-        const std::size_t digits = m_text.find_first_not_of(" \t", span.begin);
-        const std::size_t brace = m_text.find('{', digits);
-        replace(edits, {static_cast<std::uint32_t>(digits), static_cast<std::uint32_t>(brace)},
-                std::to_string(placed.number));
-    }
-    if (wasSet(*placed.style))
-        editStyle(edits, *placed.group, *placed.style);
-    return edited(m_text, span, std::move(edits));
-}
-
-/// The contents of the styles' group after styles have been added, deleted or moved.
-std::string TableEditor::arrangedStyles() const
-{
-    const Span contents = m_origin.group(TableGroup::Styles);
-    std::string text;
-    text.reserve(contents.end - contents.begin);
-    // Lines between the groups belong to no style: they come first.
-    std::uint32_t between = contents.begin;
-    for (const StyleGroup& group : m_origin.styleGroups)
-    {
-        text.append(Span{between, group.span.begin}.in(m_text));
-        between = group.span.end;
-    }
-    for (const PlacedStyle& placed : placedStyles())
-        text.append(styleText(placed));
-    return text.append(Span{between, contents.end}.in(m_text));
-}
-
-/// The names that colours may refer to and that have changed: the new name of a renamed style, and
-/// the name of the first style for a deleted one.
-std::map<std::wstring, std::wstring> TableEditor::changedNames() const
-{
-    std::map<std::wstring, std::wstring> names;
-    std::unordered_map<const OdPsPlotStyle*, bool> present;
-    for (const OdPsPlotStylePtr& style : m_styles)
-        present.emplace(style.get(), true);
-    for (const StyleGroup& group : m_origin.styleGroups)
-    {
-        const OdPsPlotStyle& style = *m_origin.styles[group.position];
-        const bool isDeleted = present.count(&style) == 0;
-        if (!isDeleted && !wasSet(style))
-            continue;
-        const OdString now = isDeleted ? m_styles.front()->name() : style.name();
-        const std::wstring original = originalValues(group, fieldsOf(group)).texts.name;
-        names.emplace(original, storableText(now.str()));
-    }
-    return names;
-}
-
-/// Keeps the colours' references to named styles whole.
-void TableEditor::editStyleNames()
-{
-    const Span colors = m_origin.group(TableGroup::AciTable);
-    if (m_table.isColorDependent() || !colors || m_styles.empty())
-        return;
-    const std::map<std::wstring, std::wstring> names = changedNames();
-    std::wstring name;
-    forEachRow(m_text, colors,
-               [&](std::size_t, Span value)
-               {
-                   readText(value.in(m_text), name);
-                   const auto found = names.find(name);
-                   if (found != names.end() && found->second != name)
-                       replace(m_edits, value, writeTextValue(found->second));
-               });
-}
-
-} // namespace
 
 std::string freshText(const OdPsPlotStyleTable& table)
 {
@@ -586,11 +194,6 @@ std::string freshText(const OdPsPlotStyleTable& table)
     append(text, {"}", kNewLine});
     appendLineweights(text, table, kNewLine);
     return text;
-}
-
-std::optional<std::string> changedText(const OdPsPlotStyleTable& table, const Origin& origin)
-{
-    return TableEditor(table, origin).changedText();
 }
 
 } // namespace tablefile

@@ -4,6 +4,7 @@
 
 #include "tablefile/error.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -167,6 +168,14 @@ void readText(std::string_view value, std::wstring& text)
 {
     if (!value.empty() && value.front() == '"')
         value.remove_prefix(1);
+    // Almost every text is ASCII, where all three encodings agree.
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (std::all_of(value.begin(), value.end(), isAscii))
+    {
+        text.resize(value.size());
+        std::copy(value.begin(), value.end(), text.begin());
+        return;
+    }
     text.clear();
     if (decodeUtf8(value, text))
         return;
@@ -174,19 +183,20 @@ void readText(std::string_view value, std::wstring& text)
     decodeWindows1252(value, text);
 }
 
-std::wstring storableText(std::wstring_view text)
+std::wstring storableText(std::wstring text)
 {
-    text = text.substr(0, text.find(L'\0'));
+    text.resize(std::min(text.find(L'\0'), text.size()));
+    const auto isStorable = [](wchar_t c)
+    { return c != L'\r' && c != L'\n' && isCharacter(static_cast<std::uint32_t>(c)); };
+    if (std::all_of(text.begin(), text.end(), isStorable))
+        return text;
     std::wstring stored;
-    stored.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i)
     {
-        const bool endsCrLf = text[i] == L'\n' && i > 0 && text[i - 1] == L'\r';
-        if (endsCrLf)
-            continue;
         const bool isBreak = text[i] == L'\n' || text[i] == L'\r';
-        const bool valid = isCharacter(static_cast<std::uint32_t>(text[i]));
-        stored.push_back(isBreak ? L' ' : valid ? text[i] : kReplacement);
+        const bool endsCrLf = text[i] == L'\n' && i > 0 && text[i - 1] == L'\r';
+        if (!endsCrLf)
+            stored.push_back(isBreak ? L' ' : isStorable(text[i]) ? text[i] : kReplacement);
     }
     return stored;
 }

@@ -35,7 +35,7 @@ std::string writeBoolean(bool value);
 void readText(std::string_view value, std::wstring& text);
 /// What a file can hold of a text: it ends at a NUL, a line break is one blank, and what is not a
 /// Unicode character is U+FFFD.
-std::wstring storableText(std::wstring_view text);
+std::wstring storableText(std::wstring text);
 /// A text value in UTF-8, with its opening quote. @param text what storableText() gave
 std::string writeText(const std::wstring& text);
 

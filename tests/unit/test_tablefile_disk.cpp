@@ -82,6 +82,22 @@ TEST(Disk, KeepsThePermissionsOfTheOldFile)
     }
 }
 
+TEST(Disk, KeepsTheOwnerOfTheOldFile)
+{
+    const TempFolder folder;
+    const fs::path path = folder / "a.ctb";
+    writeFile(path, "old");
+    constexpr uid_t kOwner = 1234;
+    constexpr gid_t kGroup = 4321;
+    if (::chown(path.c_str(), kOwner, kGroup) != 0)
+        GTEST_SKIP() << "only a privileged user may give files away";
+    ASSERT_EQ(save(path), Status::Ok);
+    struct stat info = {};
+    ASSERT_EQ(::stat(path.c_str(), &info), 0);
+    EXPECT_EQ(info.st_uid, kOwner);
+    EXPECT_EQ(info.st_gid, kGroup);
+}
+
 TEST(Disk, NewFilesFollowTheMask)
 {
     const TempFolder folder;

@@ -333,6 +333,13 @@ TEST(SaveStyles, ColorsWithoutAStyleAreNotWrittenUnlessChanged)
     EXPECT_EQ(textOf(*table), text);
 }
 
+TEST(SaveStyles, AddedBeyondTheColorsIsWritten)
+{
+    const OdPsPlotStyleTablePtr table = tableOfText(colorTableText());
+    table->addNewStyle(L"Color_256");
+    EXPECT_EQ(tableOfText(textOf(*table))->styleCount(), 256);
+}
+
 TEST(SaveNames, ARenameChangesTheTwoNames)
 {
     const Lines lines = linesAfter(namedTableText(kNames), "STB",
