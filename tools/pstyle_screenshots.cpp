@@ -2,7 +2,7 @@
 //
 // Usage: pstyle_screenshots FOLDER TABLE [STYLE...]
 // Opens TABLE in the editor, selects the styles with the given numbers (the second one when none is
-// given), and writes one PNG per page into FOLDER.
+// given), and writes one PNG per page, and one of the colour palette, into FOLDER.
 
 #include "psl.h"
 #include "support/screen_image.h"
@@ -13,7 +13,9 @@
 #include <wx/image.h>
 #include <wx/listctrl.h>
 #include <wx/modalhook.h>
+#include <wx/msgdlg.h>
 #include <wx/notebook.h>
+#include <wx/odcombo.h>
 #include <wx/timer.h>
 #include <wx/xrc/xmlres.h>
 
@@ -23,12 +25,6 @@
 
 namespace
 {
-
-bool save(const wxWindow& window, const wxString& path)
-{
-    const wxImage image = screenImage(window);
-    return image.IsOk() && image.SaveFile(path, wxBITMAP_TYPE_PNG);
-}
 
 class Photographer : public wxModalDialogHook
 {
@@ -46,45 +42,87 @@ protected:
     // being photographed.
     int Enter(wxDialog* dialog) override
     {
-        m_dialog = dialog;
-        m_page = 0;
-        m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { photograph(); });
-        m_timer.Start(settlingTime);
+        if (dialog->FindWindow(XRCID("NoteBook")))
+        {
+            m_editor = dialog;
+            m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { photographPage(); });
+            m_timer.Start(settlingTime);
+            return wxID_NONE;
+        }
+        if (const auto* message = wxDynamicCast(dialog, wxMessageDialog))
+        {
+            std::fprintf(stderr, "%s\n",
+                         static_cast<const char*>(message->GetMessage().utf8_str()));
+            m_succeeded = false;
+            return wxID_OK;
+        }
+        dialog->CallAfter([this, dialog] { photographColors(dialog); });
         return wxID_NONE;
     }
 
 private:
     static constexpr int settlingTime = 400; // milliseconds
 
-    void photograph()
+    void photographPage()
     {
-        auto* book = XRCCTRL(*m_dialog, "NoteBook", wxNotebook);
+        auto* book = XRCCTRL(*m_editor, "NoteBook", wxNotebook);
         if (m_page > 0)
         {
             wxString name = book->GetPageText(m_page - 1).Lower();
             name.Replace(" ", "-");
-            const wxFileName file(m_folder, "editor-" + name, "png");
-            m_succeeded = save(*m_dialog, file.GetFullPath()) && m_succeeded;
+            photograph(m_editor, "editor-" + name);
         }
-        if (m_page == book->GetPageCount())
+        if (m_page < book->GetPageCount())
         {
-            m_timer.Stop();
-            m_dialog->EndModal(wxID_CANCEL);
+            book->SetSelection(m_page++);
+            selectStyles();
             return;
         }
-        book->SetSelection(m_page++);
-        selectStyles();
+        m_timer.Stop();
+        openColors();
+        m_editor->EndModal(wxID_CANCEL);
     }
 
     void selectStyles()
     {
-        auto* list = XRCCTRL(*m_dialog, "ListStyles", wxListCtrl);
+        auto* list = XRCCTRL(*m_editor, "ListStyles", wxListCtrl);
         for (const long style : m_styles)
             if (style < list->GetItemCount())
                 list->SetItemState(style, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     }
 
-    wxDialog* m_dialog = nullptr;
+    // The last entry of the colour field opens the dialog with the palette.
+    void openColors()
+    {
+        auto* combo = XRCCTRL(*m_editor, "ComboColor", wxOwnerDrawnComboBox);
+        combo->SetSelection(static_cast<int>(combo->GetCount()) - 1);
+        wxCommandEvent event(wxEVT_COMBOBOX, combo->GetId());
+        event.SetEventObject(combo);
+        combo->HandleWindowEvent(event);
+    }
+
+    void photographColors(wxDialog* dialog)
+    {
+        auto* timer = new wxTimer(dialog);
+        dialog->Bind(wxEVT_TIMER,
+                     [this, dialog, timer](wxTimerEvent&)
+                     {
+                         photograph(dialog, "colors");
+                         delete timer;
+                         dialog->EndModal(wxID_CANCEL);
+                     });
+        timer->StartOnce(settlingTime);
+    }
+
+    void photograph(const wxWindow* window, const wxString& name)
+    {
+        const wxImage image = screenImage(*window);
+        const wxFileName file(m_folder, name, "png");
+        if (!image.IsOk() || !image.SaveFile(file.GetFullPath(), wxBITMAP_TYPE_PNG))
+            m_succeeded = false;
+    }
+
+    wxDialog* m_editor = nullptr;
     size_t m_page = 0;
     wxTimer m_timer;
     wxString m_folder;

@@ -57,12 +57,14 @@ ColorCombo::ColorCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, cons
 void ColorCombo::setColor(OdCmEntityColor color)
 {
     const bool isIndex = color.colorMethod() == OdCmEntityColor::kByACI;
-    const std::uint32_t rgb = color.color() & 0xFFFFFF;
-    if (isIndex && color.colorIndex() >= 1 && color.colorIndex() <= blackEntry)
-        SetSelection(color.colorIndex());
-    else if (!isIndex && rgb == 0xFFFFFF)
+    const int index = isIndex ? color.colorIndex() : 0;
+    const std::uint32_t rgb =
+        isIndex ? OdCmEntityColor::lookUpRGB(index) : color.color() & 0xFFFFFF;
+    if (index >= 1 && index <= blackEntry)
+        SetSelection(index);
+    else if (rgb == 0xFFFFFF)
         SetSelection(objectEntry);
-    else if (!isIndex && rgb == 0)
+    else if (rgb == 0)
         SetSelection(blackEntry);
     else
         selectOther(color);

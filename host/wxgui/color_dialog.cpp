@@ -15,8 +15,12 @@ namespace wxg
 
 wxColour toolkitColor(OdCmEntityColor color)
 {
+    constexpr int blackOnPaper = 7;
     if (color.colorMethod() == OdCmEntityColor::kByACI)
-        color.setColor(OdCmEntityColor::lookUpRGB(color.colorIndex()));
+    {
+        const int index = color.colorIndex();
+        color.setColor(index == blackOnPaper ? 0 : OdCmEntityColor::lookUpRGB(index));
+    }
     return {color.red(), color.green(), color.blue()};
 }
 

@@ -15,7 +15,8 @@ namespace wxg
 
 class ColorPalette;
 
-/// The colour of a drawing entity as the toolkit's colour.
+/// The colour of a drawing entity as the toolkit's colour: the one that is plotted, so index 7 is
+/// black.
 wxColour toolkitColor(OdCmEntityColor color);
 
 /// How users name a colour: "Color 30", or the components of a true colour.

@@ -301,9 +301,13 @@ TEST_F(ColorCombos, SelectsTheEntryOfAColour)
     EXPECT_EQ(combo->GetSelection(), 3);
     combo->setColor({0, 0, 0});
     EXPECT_EQ(combo->GetSelection(), 7);
-    combo->setColor({255, 255, 255});
-    EXPECT_EQ(combo->GetSelection(), 0);
-    EXPECT_FALSE(combo->color());
+    for (const OdCmEntityColor white : {OdCmEntityColor(255, 255, 255), indexColor(255)})
+    {
+        combo->setColor(indexColor(3));
+        combo->setColor(white);
+        EXPECT_EQ(combo->GetSelection(), 0);
+        EXPECT_FALSE(combo->color());
+    }
     EXPECT_EQ(combo->GetCount(), 9u);
     EXPECT_EQ(picks, 0);
 }
