@@ -214,10 +214,6 @@ void DlgPlotStyleEditor::preparePens()
     {
         wxSpinCtrl* spin = control<wxSpinCtrl>(name);
         wxg::allowSpinText(spin);
-        const int width =
-            std::max(spin->GetTextExtent(_("Automatic")).x, spin->GetTextExtent(_("Varies")).x);
-        const int padding = spin->GetTextExtent("00").x;
-        spin->SetMinSize(spin->GetSizeFromTextSize(width + padding));
         const auto selectWord = [spin]
         {
             if (spin->GetValue() == 0)
@@ -236,9 +232,20 @@ void DlgPlotStyleEditor::preparePens()
                        spin->CallAfter(selectWord);
                    });
     }
-    wxSpinCtrl* screening = control<wxSpinCtrl>("SpinScreening");
-    screening->SetMinSize(control<wxSpinCtrl>("SpinPhysPen")->GetMinSize());
-    screening->GetParent()->Layout();
+    widenSpins();
+}
+
+// Makes room for the words, in whatever size the text is drawn.
+void DlgPlotStyleEditor::widenSpins()
+{
+    const wxSpinCtrl* pen = control<wxSpinCtrl>("SpinPhysPen");
+    const int padding = pen->GetTextExtent("00").x;
+    const int text =
+        std::max(pen->GetTextExtent(_("Automatic")).x, pen->GetTextExtent(_("Varies")).x);
+    const wxSize size = pen->GetSizeFromTextSize(text + padding);
+    for (const char* name : {"SpinPhysPen", "SpinVirtPen", "SpinScreening"})
+        control<wxSpinCtrl>(name)->SetMinSize(size);
+    pen->GetParent()->Layout();
 }
 
 void DlgPlotStyleEditor::setValidators()
@@ -275,6 +282,10 @@ void DlgPlotStyleEditor::fillLists()
         lineWeights->InsertItem(row, wxString(), 0);
         combo->appendItem(wxString(), row + 1);
     }
+
+    for (size_t i = 0; i < m_lineWeightImages.size(); ++i)
+        m_lineWeightImages[i] =
+            wxXmlResource::Get()->LoadBitmap(wxString::Format("BmpLineWeight%02zu", i + 1));
 
     updateListWidths();
 }

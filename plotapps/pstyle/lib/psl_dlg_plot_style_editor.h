@@ -8,9 +8,11 @@
 
 #include "odps/od_ps.h"
 
+#include <wx/bitmap.h>
 #include <wx/dialog.h>
 #include <wx/filename.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -86,6 +88,7 @@ private:
     void fillColorImages();
     void replaceCombos();
     void preparePens();
+    void widenSpins();
     void setValidators();
     void fillLists();
     void updateFileInfo();
@@ -152,6 +155,8 @@ private:
     bool m_unitsIn = false;
     /// The swatches of the colour indices; image i shows index i + 1.
     std::unique_ptr<wxImageList> m_colorImages;
+    /// The pictures of lineweights, by their number less 1.
+    std::array<wxBitmap, lineWeightPictures> m_lineWeightImages;
     bool m_physicalPenVaries = false;
     bool m_virtualPenVaries = false;
     /// Also the image of each row of the lineweight list.

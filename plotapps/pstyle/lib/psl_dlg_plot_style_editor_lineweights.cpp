@@ -22,12 +22,6 @@ int firstSelected(const wxListCtrl* list)
     return static_cast<int>(list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED));
 }
 
-wxBitmap lineWeightBitmap(double millimeters)
-{
-    return wxXmlResource::Get()->LoadBitmap(
-        wxString::Format("BmpLineWeight%02d", lineWeightPicture(millimeters)));
-}
-
 } // namespace
 
 void DlgPlotStyleEditor::onLwEdit(wxCommandEvent&)
@@ -88,8 +82,9 @@ void DlgPlotStyleEditor::updateLineWeights(bool keepComboSelection)
     {
         const bool isListed = !m_table.isNull() && row < m_table->lineweightCount();
         const double value = isListed ? m_table->lineweightAt(row) : 0.0;
+        const auto picture = static_cast<size_t>(lineWeightPicture(value) - 1);
         combo->setItem(row + 1, isListed ? lineWeightLabel(value, m_unitsIn) : wxString(),
-                       isListed ? lineWeightBitmap(value) : wxNullBitmap);
+                       isListed ? m_lineWeightImages[picture] : wxNullBitmap);
         list->SetItem(row, 0, isListed ? lineWeightText(value, m_unitsIn) : wxString(),
                       m_lineWeightUse[static_cast<size_t>(row)]);
     }

@@ -36,11 +36,9 @@ wxString lineWeightLabel(double millimeters, bool inches)
 int lineWeightPicture(double millimeters)
 {
     constexpr double millimetersPerStep = 0.22;
-    constexpr int first = 1;
-    constexpr int last = 14;
     const double steps = millimeters / millimetersPerStep;
-    int picture = first;
-    while (picture < last && !(steps < picture + 0.5))
+    int picture = 1;
+    while (picture < lineWeightPictures && !(steps < picture + 0.5))
         ++picture;
     return picture;
 }

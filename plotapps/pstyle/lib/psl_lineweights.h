@@ -62,7 +62,11 @@ PSL_API wxString lineWeightText(double millimeters, bool inches);
 /// The displayed number with its unit: a blank and mm, or an inch mark without a blank.
 PSL_API wxString lineWeightLabel(double millimeters, bool inches);
 
-/// The number, 1 to 14, of the picture that shows a lineweight, whatever the display unit.
+/// How many pictures show lineweights.
+constexpr int lineWeightPictures = 14;
+
+/// The number, 1 to 14, of the picture that shows a lineweight, whatever the display unit: the
+/// thickness in steps of 0.22 mm.
 PSL_API int lineWeightPicture(double millimeters);
 
 /// Reads a lineweight that the user typed.
