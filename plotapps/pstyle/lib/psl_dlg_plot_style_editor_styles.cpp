@@ -37,10 +37,7 @@ void DlgPlotStyleEditor::updateStyles()
     for (int i = 0; i < m_styleCount; ++i)
     {
         if (isCtb())
-        {
-            list->InsertItem(i, wxString::Format("%ls %d", _("Color"), i + 1));
-            list->SetItemImage(i, i);
-        }
+            list->InsertItem(i, wxString::Format("%ls %d", _("Color"), i + 1), i);
         else
             list->InsertItem(i, m_table->styleAt(i)->localizedName().c_str());
     }
