@@ -1,14 +1,16 @@
-// Takes pictures of the editor's pages as they look on the screen.
+// Takes pictures of every dialog and page as they look on the screen.
 //
 // Usage: pstyle_screenshots FOLDER TABLE [STYLE...]
 // Opens TABLE in the editor, selects the styles with the given numbers (the second one when none is
-// given), and writes one PNG per page, and one of the colour palette, into FOLDER.
+// given), then opens the other dialogs, and writes one PNG for each of their states into FOLDER.
 
 #include "psl.h"
+#include "psl_dlg_new_table.h"
+#include "psl_dlg_plot_style_editor.h"
+#include "psl_dlg_select_table.h"
 #include "support/screen_image.h"
 
 #include <wx/app.h>
-#include <wx/dialog.h>
 #include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/listctrl.h>
@@ -16,15 +18,25 @@
 #include <wx/msgdlg.h>
 #include <wx/notebook.h>
 #include <wx/odcombo.h>
+#include <wx/radiobut.h>
 #include <wx/timer.h>
 #include <wx/xrc/xmlres.h>
 
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
+#include <functional>
 #include <vector>
 
 namespace
 {
+
+// One picture of a dialog: its file's name, and what is done before it is taken.
+struct Shot
+{
+    wxString name;
+    std::function<void()> prepare;
+};
 
 class Photographer : public wxModalDialogHook
 {
@@ -33,22 +45,14 @@ public:
         : m_folder(std::move(folder))
         , m_styles(std::move(styles))
     {
+        m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { next(); });
     }
 
     bool succeeded() const { return m_succeeded; }
 
 protected:
-    // The dialog's own loop runs the timer: a page is painted between its being shown and its
-    // being photographed.
     int Enter(wxDialog* dialog) override
     {
-        if (dialog->FindWindow(XRCID("NoteBook")))
-        {
-            m_editor = dialog;
-            m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { photographPage(); });
-            m_timer.Start(settlingTime);
-            return wxID_NONE;
-        }
         if (const auto* message = wxDynamicCast(dialog, wxMessageDialog))
         {
             std::fprintf(stderr, "%s\n",
@@ -56,62 +60,93 @@ protected:
             m_succeeded = false;
             return wxID_OK;
         }
-        dialog->CallAfter([this, dialog] { photographColors(dialog); });
+        m_dialog = dialog;
+        // What there is to see is known when the dialog has been initialised.
+        m_shots = {{wxString(), [this, dialog] { m_shots = shotsOf(dialog); }}};
+        m_timer.Start(settlingTime);
         return wxID_NONE;
     }
 
 private:
     static constexpr int settlingTime = 400; // milliseconds
 
-    void photographPage()
+    std::deque<Shot> shotsOf(wxDialog* dialog)
     {
-        auto* book = XRCCTRL(*m_editor, "NoteBook", wxNotebook);
-        if (m_page > 0)
-        {
-            wxString name = book->GetPageText(m_page - 1).Lower();
-            name.Replace(" ", "-");
-            photograph(m_editor, "editor-" + name);
-        }
-        if (m_page < book->GetPageCount())
-        {
-            book->SetSelection(m_page++);
-            selectStyles();
-            return;
-        }
-        m_timer.Stop();
-        openColors();
-        m_editor->EndModal(wxID_CANCEL);
+        if (wxDynamicCast(dialog, DlgPlotStyleEditor))
+            return editorShots(dialog);
+        if (wxDynamicCast(dialog, DlgSelectTable))
+            return {{"select-open", [=] { choose(dialog, "RadOpen"); }},
+                    {"select-new", [=] { choose(dialog, "RadNew"); }},
+                    {"select-copy", [=] { choose(dialog, "RadCopy"); }}};
+        return {{wxDynamicCast(dialog, DlgNewTable) ? "new-table" : "colors", [] {}}};
     }
 
-    void selectStyles()
+    std::deque<Shot> editorShots(wxDialog* dialog)
     {
-        auto* list = XRCCTRL(*m_editor, "ListStyles", wxListCtrl);
+        std::deque<Shot> shots;
+        auto* book = XRCCTRL(*dialog, "NoteBook", wxNotebook);
+        for (size_t page = 0; page < book->GetPageCount(); ++page)
+        {
+            wxString name = "editor-" + book->GetPageText(page).Lower();
+            name.Replace(" ", "-");
+            shots.push_back({name, [=]
+                             {
+                                 book->SetSelection(page);
+                                 selectStyles(dialog);
+                             }});
+        }
+        return shots;
+    }
+
+    void selectStyles(wxDialog* dialog)
+    {
+        auto* list = XRCCTRL(*dialog, "ListStyles", wxListCtrl);
         for (const long style : m_styles)
             if (style < list->GetItemCount())
                 list->SetItemState(style, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     }
 
-    // The last entry of the colour field opens the dialog with the palette.
-    void openColors()
+    static void choose(wxDialog* dialog, const char* mode)
     {
-        auto* combo = XRCCTRL(*m_editor, "ComboColor", wxOwnerDrawnComboBox);
-        combo->SetSelection(static_cast<int>(combo->GetCount()) - 1);
+        auto* button =
+            wxStaticCast(dialog->FindWindow(wxXmlResource::GetXRCID(mode)), wxRadioButton);
+        button->SetValue(true);
+        wxCommandEvent event(wxEVT_RADIOBUTTON, button->GetId());
+        event.SetEventObject(button);
+        button->HandleWindowEvent(event);
+    }
+
+    // The dialog's own loop runs the timer: what is prepared at one tick has been painted at the
+    // next.
+    void next()
+    {
+        if (!m_prepared.empty())
+            photograph(m_dialog, m_prepared);
+        m_prepared.clear();
+        if (!m_shots.empty())
+        {
+            const Shot shot = m_shots.front();
+            m_shots.pop_front();
+            shot.prepare();
+            m_prepared = shot.name;
+            return;
+        }
+        m_timer.Stop();
+        wxDialog* dialog = m_dialog;
+        if (wxDynamicCast(dialog, DlgPlotStyleEditor))
+            openColors(dialog);
+        dialog->EndModal(wxID_CANCEL);
+    }
+
+    // The last entry of the colour field opens the dialog with the palette.
+    static void openColors(wxDialog* dialog)
+    {
+        auto* combo = XRCCTRL(*dialog, "ComboColor", wxOwnerDrawnComboBox);
+        constexpr int selectColor = 8;
+        combo->SetSelection(selectColor);
         wxCommandEvent event(wxEVT_COMBOBOX, combo->GetId());
         event.SetEventObject(combo);
         combo->HandleWindowEvent(event);
-    }
-
-    void photographColors(wxDialog* dialog)
-    {
-        auto* timer = new wxTimer(dialog);
-        dialog->Bind(wxEVT_TIMER,
-                     [this, dialog, timer](wxTimerEvent&)
-                     {
-                         photograph(dialog, "colors");
-                         delete timer;
-                         dialog->EndModal(wxID_CANCEL);
-                     });
-        timer->StartOnce(settlingTime);
     }
 
     void photograph(const wxWindow* window, const wxString& name)
@@ -122,9 +157,11 @@ private:
             m_succeeded = false;
     }
 
-    wxDialog* m_editor = nullptr;
-    size_t m_page = 0;
     wxTimer m_timer;
+    wxDialog* m_dialog = nullptr;
+    std::deque<Shot> m_shots;
+    /// The name of the picture that the next tick takes.
+    wxString m_prepared;
     wxString m_folder;
     std::vector<long> m_styles;
     bool m_succeeded = true;
@@ -154,6 +191,9 @@ public:
         Photographer photographer(folder, styles);
         photographer.Register();
         editPlotStyleTable(table.GetFullPath(), nullptr);
+        startPlotStyleEditor(nullptr);
+        wxString name;
+        newPlotStyleTable(name, true, table.GetPath(), nullptr);
         return photographer.succeeded() ? EXIT_SUCCESS : EXIT_FAILURE;
     }
 };

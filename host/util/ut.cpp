@@ -7,6 +7,7 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
+#include <memory>
 #include <optional>
 
 namespace ut
@@ -26,15 +27,25 @@ wxString configFile()
     return file.GetFullPath();
 }
 
+wxString keyOf(ECfgGroup group, const wxString& name)
+{
+    return wxString::Format("/%d/%s", static_cast<int>(group), name);
+}
+
+std::unique_ptr<wxFileConfig> openConfig(const wxString& file)
+{
+    auto config = std::make_unique<wxFileConfig>("pstyle", wxString(), file, wxString(),
+                                                 wxCONFIG_USE_LOCAL_FILE);
+    // A value is what it says: a folder may have a $ in its name.
+    config->SetExpandEnvVars(false);
+    return config;
+}
+
 std::optional<wxString> configured(ECfgGroup group, const wxString& name)
 {
     const wxString file = configFile();
-    if (!wxFileName::FileExists(file))
-        return std::nullopt;
-    const wxFileConfig config("pstyle", wxString(), file, wxString(), wxCONFIG_USE_LOCAL_FILE);
-    const wxString key = wxString::Format("/%d/%s", static_cast<int>(group), name);
     wxString value;
-    if (!config.Read(key, &value))
+    if (!wxFileName::FileExists(file) || !openConfig(file)->Read(keyOf(group, name), &value))
         return std::nullopt;
     return value;
 }
@@ -61,6 +72,15 @@ wxString getString(ECfgGroup group, const wxString& name)
     if (const auto fromFile = configured(group, name))
         return *fromFile;
     return isPlotStylePath ? samplesFolder() : wxString();
+}
+
+bool setString(ECfgGroup group, const wxString& name, const wxString& value)
+{
+    const wxFileName file(configFile());
+    if (!file.DirExists() && !file.Mkdir(wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL))
+        return false;
+    const auto config = openConfig(file.GetFullPath());
+    return config->Write(keyOf(group, name), value) && config->Flush();
 }
 
 } // namespace ut

@@ -21,6 +21,10 @@ enum class ECfgGroup : int
 /// @return the value; empty for one that nothing defines
 wxString getString(ECfgGroup group, const wxString& name);
 
+/// Stores a configuration value in the user's configuration file, which is made if need be.
+/// @return false, with the reason in the log, when the file cannot be written
+bool setString(ECfgGroup group, const wxString& name, const wxString& value);
+
 } // namespace ut
 
 #endif

@@ -46,7 +46,8 @@ ColorDialog::ColorDialog(wxWindow* parent, const wxString& title, OdCmEntityColo
     auto* all = new wxBoxSizer(wxVERTICAL);
     all->Add(m_palette, wxSizerFlags().Border(wxALL, 12));
     all->Add(shown, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, 12));
-    all->Add(CreateButtonSizer(wxOK | wxCANCEL), wxSizerFlags().Expand().Border(wxALL, 12));
+    all->Add(CreateButtonSizer(wxOK | wxCANCEL),
+             wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, 12));
     SetSizerAndFit(all);
     CentreOnParent();
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <wx/dir.h>
+#include <wx/filename.h>
 #include <wx/gdicmn.h>
 #include <wx/stopwatch.h>
 #include <wx/uiaction.h>
@@ -105,7 +107,8 @@ TEST_F(WithoutADisplay, ShowsHelpAndVersion)
     const Result help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.output.find("Usage: pstyle"), std::string::npos);
-    for (const char* option : {"--source", "--help", "--version", "FILE"})
+    for (const char* option :
+         {"--source", "--new", "--list", "--folder", "--export", "--help", "--version", "FILE"})
         EXPECT_NE(help.output.find(option), std::string::npos) << option;
     EXPECT_EQ(help.errors, "");
 
@@ -118,11 +121,21 @@ TEST_F(WithoutADisplay, ShowsHelpAndVersion)
 TEST_F(WithoutADisplay, RefusesWrongUsage)
 {
     const std::pair<std::vector<wxString>, const char*> cases[] = {
-        {{"--nonsense"}, "--nonsense"},
+        {{"--nonsense"}, "unknown option --nonsense"},
         {{"--source"}, "--source needs a value"},
-        {{"--source", "a.ctb"}, "--source needs a file to create"},
-        {{"a.ctb", "b.ctb"}, "more than one file"},
-        {{""}, "the file name is empty"},
+        {{"--source", "a.ctb"}, "--source takes the file to create"},
+        {{"--source", "", "a.ctb"}, "is not a value"},
+        {{"a.ctb", "b.ctb"}, "one file at the most"},
+        {{""}, "the name is empty"},
+        {{"--new", "dwt", "."}, "'dwt' is not a value"},
+        {{"--new", "ctb"}, "the folder for the new table"},
+        {{"--list", "x"}, "--list takes no names"},
+        {{"--folder"}, "--folder needs a value"},
+        {{"--folder", ""}, "is not a value"},
+        {{"--folder", "a", "b"}, "one folder"},
+        {{"--export"}, "--export needs a value"},
+        {{"--export", "a", "b", "c"}, "one text file at the most"},
+        {{"--list", "--version"}, "more than one command"},
     };
     for (const auto& [arguments, reason] : cases)
     {
@@ -183,7 +196,108 @@ TEST_F(Program, RefusesFilesThatItCannotUse)
     EXPECT_FALSE(wxFileExists(folder.file("a.ctb")));
 }
 
-TEST_F(Program, WithoutArgumentsACancelledFileDialogGivesOne)
+TEST_F(Program, WithoutArgumentsShowsTheChooser)
 {
     EXPECT_EQ(run({}, cancel).status, 1);
+}
+
+TEST_F(Program, NewPrintsTheNameForTheDrawing)
+{
+    // Types a name and confirms; the editor, which then comes up, is cancelled.
+    const auto tables = [this]
+    {
+        wxArrayString found;
+        wxDir::GetAllFiles(folder.path(), &found, "*.stb", wxDIR_FILES);
+        return found;
+    };
+    bool confirm = false;
+    const auto nameIt = [&]
+    {
+        if (!tables().empty())
+            type(WXK_ESCAPE);
+        else if (confirm)
+            type('O', wxMOD_ALT);
+        else
+            type('1');
+        confirm = !confirm;
+    };
+    const Result created = run({"--new", "stb", folder.path()}, nameIt);
+    EXPECT_EQ(created.status, 0);
+    ASSERT_EQ(tables().size(), 1u);
+    const wxFileName table(tables().front());
+    EXPECT_EQ(created.output, table.GetFullName().utf8_string() + "\n");
+    EXPECT_FALSE(loadTable(table.GetFullPath())->isColorDependent());
+
+    const Result cancelled = run({"--new", "stb", folder.path()}, cancel);
+    EXPECT_EQ(cancelled.status, 1);
+    EXPECT_EQ(cancelled.output, "");
+    EXPECT_EQ(run({"--new", "stb", folder.file("missing")}).status, 2);
+}
+
+TEST_F(WithoutADisplay, ListsTheTablesOfTheFolder)
+{
+    makeTable("a.ctb");
+    makeFile("b.txt", "no table");
+    environment.emplace_back("PSTYLE_PLOT_STYLE_PATH", folder.path().utf8_string());
+    const Result list = run({"--list"});
+    EXPECT_EQ(list.status, 0);
+    EXPECT_EQ(list.output, "a.ctb\n");
+    EXPECT_EQ(list.errors, "");
+}
+
+TEST_F(WithoutADisplay, AnEmptyFolderSettingListsNothing)
+{
+    environment.emplace_back("PSTYLE_PLOT_STYLE_PATH", "");
+    EXPECT_EQ(run({"--list"}).output, "");
+}
+
+TEST_F(WithoutADisplay, KeepsTheFolderInTheUsersConfiguration)
+{
+    const wxString tables = folder.file(L"Täbles $HOME & more");
+    wxMkdir(tables);
+    support::writeFile((tables + "/mine.stb").utf8_string(), "");
+    environment.emplace_back("XDG_CONFIG_HOME", folder.file("config").utf8_string());
+    unsetenv("PSTYLE_PLOT_STYLE_PATH");
+    const Result set = run({"--folder", tables});
+    EXPECT_EQ(set.status, 0);
+    EXPECT_EQ(set.errors, "");
+    EXPECT_EQ(run({"--list"}).output, "mine.stb\n");
+    const Result refused = run({"--folder", folder.file("missing")});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_NE(refused.errors.find("is not a folder"), std::string::npos);
+    EXPECT_EQ(run({"--list"}).output, "mine.stb\n");
+}
+
+TEST_F(WithoutADisplay, ListsTheSampleTablesWhereNothingIsConfigured)
+{
+    environment.emplace_back("XDG_CONFIG_HOME", folder.file("config").utf8_string());
+    unsetenv("PSTYLE_PLOT_STYLE_PATH");
+    const std::string output = run({"--list"}).output;
+    for (const char* name : {"Standard.ctb", "Monochrome.ctb", "Grayscale.ctb",
+                             "Lineweights by Color.ctb", "Office.stb"})
+        EXPECT_NE(output.find(name), std::string::npos) << name;
+}
+
+TEST_F(WithoutADisplay, ExportsToStandardOutputAndToAFile)
+{
+    const wxString table = makeTable("table.stb", describe(L"Grüße"));
+    const Result printed = run({"--export", table});
+    EXPECT_EQ(printed.status, 0);
+    EXPECT_EQ(printed.errors, "");
+    EXPECT_NE(printed.output.find(",FileName,table.stb\n,Description,Grüße\n"), std::string::npos);
+    const wxString text = folder.file("table.csv");
+    EXPECT_EQ(run({"--export", table, text}).status, 0);
+    EXPECT_EQ(readBytes(text), printed.output);
+}
+
+TEST_F(WithoutADisplay, ReportsWhatItCannotExport)
+{
+    const Result noTable = run({"--export", makeFile("text.ctb", "no table")});
+    EXPECT_EQ(noTable.status, 1);
+    EXPECT_EQ(noTable.output, "");
+    EXPECT_NE(noTable.errors.find("is not a plot style table"), std::string::npos);
+    const Result noTarget =
+        run({"--export", makeTable("table.stb"), folder.file("missing/table.csv")});
+    EXPECT_EQ(noTarget.status, 1);
+    EXPECT_NE(noTarget.errors.find("Failed to create or open file: "), std::string::npos);
 }

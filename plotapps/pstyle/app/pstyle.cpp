@@ -1,111 +1,99 @@
 // pstyle: the plot style table editor as a program of its own, and a host of the library.
 
+#include "options.h"
+
 #include "psl.h"
+#include "psl_csv.h"
+
+#include "cmdapi/cma.h"
+#include "util/ut.h"
 
 #include <wx/app.h>
-#include <wx/filedlg.h>
+#include <wx/arrstr.h>
 #include <wx/filename.h>
 #include <wx/image.h>
+#include <wx/init.h>
 #include <wx/intl.h>
 #include <wx/log.h>
 #include <wx/xrc/xmlres.h>
 
-#include "util/ut.h"
-
-#include <getopt.h>
-
 #include <cstdio>
-#include <string>
+#include <functional>
 
 namespace
 {
 
+using Action = Options::Action;
+
 enum ExitStatus
 {
-    exitSaved = 0,
-    exitCancelled = 1,
+    exitDone = 0,
+    exitFailed = 1,
     exitUsage = 2,
 };
 
-constexpr char usage[] = "Usage: pstyle [--source SRC] [FILE]\n"
-                         "Opens and edits plot style tables (.ctb, .stb).\n"
-                         "\n"
-                         "  FILE            the table to edit; created if it does not exist\n"
-                         "  --source SRC    create FILE from the table SRC\n"
-                         "  --help          show this help\n"
-                         "  --version       show the version\n"
-                         "\n"
-                         "Exit status: 0 saved and closed, 1 cancelled, 2 wrong usage.\n";
-
-struct Options
+// Says what went wrong on standard error, and gives the exit status for it.
+int fail(ExitStatus status, const wxString& message)
 {
-    enum class Action
-    {
-        Edit,
-        Help,
-        Version,
-        Refuse
-    } action = Action::Edit;
-    /// In the encoding of file names; empty for none.
-    std::string file;
-    std::string source;
-};
-
-Options refuse(const std::string& why)
-{
-    std::fprintf(stderr, "pstyle: %s\nTry 'pstyle --help'.\n", why.c_str());
-    Options options;
-    options.action = Options::Action::Refuse;
-    return options;
+    std::fprintf(stderr, "pstyle: %s\n", static_cast<const char*>(message.utf8_str()));
+    return status;
 }
 
-Options parseArguments(int argc, char** argv)
+void print(const wxString& line)
 {
-    const option known[] = {
-        {"source", required_argument, nullptr, 's'},
-        {"help", no_argument, nullptr, 'h'},
-        {"version", no_argument, nullptr, 'v'},
-        {nullptr, 0, nullptr, 0},
-    };
-    Options options;
-    bool hasSource = false;
-    opterr = 0;
-    for (int found; (found = getopt_long(argc, argv, ":", known, nullptr)) != -1;)
-    {
-        switch (found)
-        {
-        case 's':
-            options.source = optarg;
-            hasSource = true;
-            break;
-        case 'h':
-            options.action = Options::Action::Help;
-            return options;
-        case 'v':
-            options.action = Options::Action::Version;
-            return options;
-        case ':':
-            return refuse(std::string(argv[optind - 1]) + " needs a value");
-        default:
-            return refuse(std::string("unknown option ") + argv[optind - 1]);
-        }
-    }
-    if (argc - optind > 1)
-        return refuse("more than one file given");
-    if (optind < argc)
-        options.file = argv[optind];
-    if (optind < argc && options.file.empty())
-        return refuse("the file name is empty");
-    if (hasSource && options.file.empty())
-        return refuse("--source needs a file to create");
-    return options;
+    std::printf("%s\n", static_cast<const char*>(line.utf8_str()));
+}
+
+// File names are UTF-8, like everything else on the systems that the program runs on; where they
+// are not, their bytes are kept as far as the toolkit can.
+wxString fullPath(const std::string& argument)
+{
+    if (argument.empty())
+        return wxString();
+    wxString text = wxString::FromUTF8(argument);
+    if (text.empty())
+        text = wxString(argument.c_str(), *wxConvFileName);
+    wxFileName name(text);
+    name.MakeAbsolute();
+    return name.GetFullPath();
+}
+
+// --- Commands that show dialogs ------------------------------------------------------------
+
+int edit(const Options& options)
+{
+    const wxString file = fullPath(options.file);
+    const wxString source = fullPath(options.source);
+    if (wxFileName::DirExists(file))
+        return fail(exitUsage, file + " is a folder");
+    if (!source.empty() && !wxFileName::FileExists(source))
+        return fail(exitUsage, source + " does not exist");
+    return editPlotStyleTable(file, source, nullptr) ? exitDone : exitFailed;
+}
+
+int create(const Options& options)
+{
+    const wxString folder = fullPath(options.file);
+    if (!wxFileName::DirExists(folder))
+        return fail(exitUsage, folder + " is not a folder");
+    wxString name;
+    if (!newPlotStyleTable(name, options.colorDependent, folder, nullptr))
+        return exitFailed;
+    if (!name.empty())
+        print(name);
+    return exitDone;
+}
+
+int choose(const Options&)
+{
+    return startPlotStyleEditor(nullptr) ? exitDone : exitFailed;
 }
 
 class PstyleApp : public wxApp
 {
 public:
-    explicit PstyleApp(Options options)
-        : m_options(std::move(options))
+    explicit PstyleApp(std::function<int()> run)
+        : m_run(std::move(run))
     {
     }
 
@@ -128,73 +116,98 @@ public:
 
     int OnRun() override
     {
-        const wxString file = m_options.file.empty() ? askForFile() : fullPath(m_options.file);
-        const wxString source = fullPath(m_options.source);
-        if (file.empty())
-            return exitCancelled;
-        if (wxFileName::DirExists(file))
-            return reportUnusable(file, "is a folder");
-        if (!source.empty() && !wxFileName::FileExists(source))
-            return reportUnusable(source, "does not exist");
-        const bool saved = editPlotStyleTable(file, source, nullptr);
+        const int status = m_run();
         wxLog::FlushActive();
-        return saved ? exitSaved : exitCancelled;
+        return status;
     }
 
 private:
-    static wxString fullPath(const std::string& argument)
-    {
-        if (argument.empty())
-            return wxString();
-        wxFileName name(wxString(argument.c_str(), *wxConvFileName));
-        name.MakeAbsolute();
-        return name.GetFullPath();
-    }
-
-    static wxString askForFile()
-    {
-        wxFileDialog dialog(nullptr, _("Select a Plot Style File"),
-                            ut::getString(ut::ECfgGroup::Paths, "PlotStylePath"), wxString(),
-                            _("Plot Style files (*.ctb;*.stb)|*.ctb;*.stb|All files (*.*)|*.*"),
-                            wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-        return dialog.ShowModal() == wxID_OK ? dialog.GetPath() : wxString();
-    }
-
-    static int reportUnusable(const wxString& path, const char* why)
-    {
-        std::fprintf(stderr, "pstyle: %s %s\n", static_cast<const char*>(path.utf8_str()), why);
-        return exitUsage;
-    }
-
-    Options m_options;
+    std::function<int()> m_run;
 };
 
-int edit(const Options& options, char* program)
+int runWithWindows(int (*command)(const Options&), const Options& options, char* program)
 {
-    wxApp::SetInstance(new PstyleApp(options));
+    wxApp::SetInstance(new PstyleApp([=] { return command(options); }));
     int argc = 1;
     char* argv[] = {program, nullptr};
     const int status = wxEntry(argc, argv);
     return status < 0 ? int(exitUsage) : status;
 }
 
+// --- Commands that show nothing ------------------------------------------------------------
+
+int list(const Options&)
+{
+    wxArrayString files;
+    getPlotStyleFiles(files);
+    for (const wxString& file : files)
+        print(file);
+    return exitDone;
+}
+
+int setFolder(const Options& options)
+{
+    const wxString folder = fullPath(options.file);
+    if (!wxFileName::DirExists(folder))
+        return fail(exitUsage, folder + " is not a folder");
+    if (!ut::setString(ut::ECfgGroup::Paths, "PlotStylePath", folder))
+        return fail(exitFailed, "the configuration cannot be written");
+    return exitDone;
+}
+
+int exportTable(const Options& options)
+{
+    const wxFileName source(fullPath(options.source));
+    const auto table = cma::loadPlotStyleTable(OdString(source.GetFullPath().wc_str()));
+    if (table.isNull())
+        return fail(exitFailed, source.GetFullPath() + " is not a plot style table");
+    if (options.file.empty())
+    {
+        for (const wxString& line : csvLines(*table, source.GetFullName()))
+            print(line);
+        return exitDone;
+    }
+    const wxString target = fullPath(options.file);
+    const wxLogNull ownMessageInstead;
+    if (!exportCsv(*table, source.GetFullName(), target))
+        return fail(exitFailed, "Failed to create or open file: " + target);
+    return exitDone;
+}
+
+int runWithoutWindows(int (*command)(const Options&), const Options& options)
+{
+    const wxInitializer toolkit;
+    return command(options);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const Options options = parseArguments(argc, argv);
+    const Options options = parseOptions(argc, argv);
     switch (options.action)
     {
-    case Options::Action::Help:
+    case Action::Choose:
+        return runWithWindows(choose, options, argv[0]);
+    case Action::Edit:
+        return runWithWindows(edit, options, argv[0]);
+    case Action::Create:
+        return runWithWindows(create, options, argv[0]);
+    case Action::List:
+        return runWithoutWindows(list, options);
+    case Action::SetFolder:
+        return runWithoutWindows(setFolder, options);
+    case Action::Export:
+        return runWithoutWindows(exportTable, options);
+    case Action::Help:
         std::fputs(usage, stdout);
-        return exitSaved;
-    case Options::Action::Version:
+        return exitDone;
+    case Action::Version:
         std::puts("pstyle " PSTYLE_VERSION);
-        return exitSaved;
-    case Options::Action::Refuse:
-        return exitUsage;
-    case Options::Action::Edit:
+        return exitDone;
+    case Action::Refuse:
         break;
     }
-    return edit(options, argv[0]);
+    std::fprintf(stderr, "pstyle: %s\nTry 'pstyle --help'.\n", options.reason.c_str());
+    return exitUsage;
 }

@@ -2,9 +2,17 @@
 
 #include "psl.h"
 
+#include "psl_dlg_new_table.h"
 #include "psl_dlg_plot_style_editor.h"
+#include "psl_dlg_select_table.h"
 
+#include "util/ut.h"
+
+#include <wx/arrstr.h>
+#include <wx/dir.h>
+#include <wx/filename.h>
 #include <wx/intl.h>
+#include <wx/log.h>
 #include <wx/translation.h>
 
 #include <cstddef>
@@ -34,6 +42,70 @@ bool editPlotStyleTable(const wxString& file, const wxString& sourceFile, wxWind
     initWx();
     DlgPlotStyleEditor dialog(file, sourceFile, parent);
     return dialog.ShowModal() == wxID_OK;
+}
+
+bool startPlotStyleEditor(wxWindow* parent)
+{
+    initWx();
+    DlgSelectTable dialog(parent);
+    return dialog.ShowModal() == wxID_OK;
+}
+
+bool newPlotStyleTable(wxString& fileName, bool colorDependent, const wxString& directory,
+                       wxWindow* parent)
+{
+    initWx();
+    fileName.clear();
+    DlgNewTable dialog(colorDependent, directory, parent);
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    if (dialog.isForDrawing())
+        fileName = dialog.fileName().GetFullName();
+    return true;
+}
+
+namespace
+{
+
+// Collects the names of table files. That a name does not tell its folder is intended: the names
+// stand for files that lie directly in the plot style folder.
+class PlotStyleTraverser : public wxDirTraverser
+{
+public:
+    explicit PlotStyleTraverser(wxArrayString& files)
+        : m_files(files)
+    {
+    }
+
+    wxDirTraverseResult OnFile(const wxString& path) override
+    {
+        const wxFileName file(path);
+        const wxString extension = file.GetExt().Lower();
+        if (extension == "ctb" || extension == "stb")
+            m_files.Add(file.GetFullName());
+        return wxDIR_CONTINUE;
+    }
+
+    wxDirTraverseResult OnDir(const wxString&) override { return wxDIR_CONTINUE; }
+
+private:
+    wxArrayString& m_files;
+};
+
+} // namespace
+
+size_t getPlotStyleFiles(wxArrayString& files)
+{
+    const wxString folder = ut::getString(ut::ECfgGroup::Paths, "PlotStylePath");
+    const wxLogNull noMessages; // about folders that cannot be read
+    if (!wxDir::Exists(folder))
+        return 0;
+    wxDir directory(folder);
+    if (!directory.IsOpened())
+        return 0;
+    PlotStyleTraverser traverser(files);
+    directory.Traverse(traverser, wxString(), wxDIR_FILES | wxDIR_DIRS | wxDIR_HIDDEN);
+    return files.size();
 }
 
 namespace

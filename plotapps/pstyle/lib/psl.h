@@ -24,6 +24,26 @@ PSL_API bool editPlotStyleTable(const wxString& file, wxWindow* parent);
 /// @param sourceFile  the table file to copy from
 PSL_API bool editPlotStyleTable(const wxString& file, const wxString& sourceFile, wxWindow* parent);
 
+/// Shows the chooser, which opens a table, creates one from scratch or creates one from another,
+/// and runs the editor on it.
+/// @return whether the editor was opened; not whether it saved
+PSL_API bool startPlotStyleEditor(wxWindow* parent);
+
+/// Asks for the name of a new table, writes its file and, if the user wants it, opens the editor on
+/// it.
+/// @param fileName        receives the file's name and extension, without a folder, if the user
+///                        wants the table for the current drawing; else it is emptied
+/// @param colorDependent  the kind of the table; false = named
+/// @param directory       the folder in which the file is created
+/// @return whether the file was created
+PSL_API bool newPlotStyleTable(wxString& fileName, bool colorDependent, const wxString& directory,
+                               wxWindow* parent);
+
+/// Appends the names, without folders, of the table files in the configured plot style folder and
+/// all folders below it, in the order in which the system lists them.
+/// @return how many entries `files` holds now, older ones included; 0 when there is no such folder
+PSL_API size_t getPlotStyleFiles(wxArrayString& files);
+
 /// Registers the embedded dialogs and pictures with the toolkit. The functions that open a dialog
 /// do so themselves, once per process; a second call would register everything twice.
 PSL_API void InitPslXmlResource();

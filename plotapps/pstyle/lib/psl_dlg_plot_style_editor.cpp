@@ -4,7 +4,7 @@
 #include "psl_dlg_plot_style_editor.h"
 
 #include "psl.h"
-#include "psl_editor_controls.h"
+#include "psl_controls.h"
 #include "psl_path_text.h"
 
 #include "odps/od_db_object_id.h"
@@ -100,7 +100,7 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
     Centre(wxBOTH);
 
     constexpr size_t tableViewPage = 1;
-    wxNotebook* book = control<wxNotebook>("NoteBook");
+    wxNotebook* book = findControl<wxNotebook>(*this, "NoteBook");
     wxWindow* tableView = book->GetPage(tableViewPage);
     book->RemovePage(tableViewPage);
     tableView->Hide();
@@ -188,21 +188,22 @@ void appendLineTypes(wxg::ImageCombo* combo)
 
 void DlgPlotStyleEditor::replaceCombos()
 {
-    wxComboBox* color = control<wxComboBox>("ComboColor");
+    wxComboBox* color = findControl<wxComboBox>(*this, "ComboColor");
     auto* colorCombo = new wxg::ColorCombo(color->GetParent(), color->GetId(), color->GetPosition(),
                                            color->GetSize(), true, 0, OdDbObjectId(), 41, false, 0,
                                            OdString(_("Color Control").wc_str()));
     wxg::replaceWnd(color, colorCombo);
     color->Destroy();
 
-    appendLineTypes(replaceImageCombo(control<wxComboBox>("ComboLineType")));
-    appendItems(replaceImageCombo(control<wxComboBox>("ComboEndStyle")), endStyleItems,
+    appendLineTypes(replaceImageCombo(findControl<wxComboBox>(*this, "ComboLineType")));
+    appendItems(replaceImageCombo(findControl<wxComboBox>(*this, "ComboEndStyle")), endStyleItems,
                 strEndStyle);
-    appendItems(replaceImageCombo(control<wxComboBox>("ComboJoinStyle")), joinStyleItems,
+    appendItems(replaceImageCombo(findControl<wxComboBox>(*this, "ComboJoinStyle")), joinStyleItems,
                 strJoinStyle);
-    appendItems(replaceImageCombo(control<wxComboBox>("ComboFillStyle")), fillStyleItems,
+    appendItems(replaceImageCombo(findControl<wxComboBox>(*this, "ComboFillStyle")), fillStyleItems,
                 strFillStyle);
-    wxg::ImageCombo* lineWeight = replaceImageCombo(control<wxComboBox>("ComboLineWeight"));
+    wxg::ImageCombo* lineWeight =
+        replaceImageCombo(findControl<wxComboBox>(*this, "ComboLineWeight"));
     lineWeight->setImageSize(wxSize(80, 14));
     lineWeight->appendItem(_("Use object lineweight"), 0);
 }
@@ -212,7 +213,7 @@ void DlgPlotStyleEditor::preparePens()
 {
     for (const char* name : {"SpinPhysPen", "SpinVirtPen"})
     {
-        wxSpinCtrl* spin = control<wxSpinCtrl>(name);
+        wxSpinCtrl* spin = findControl<wxSpinCtrl>(*this, name);
         wxg::allowSpinText(spin);
         const auto selectWord = [spin]
         {
@@ -238,22 +239,22 @@ void DlgPlotStyleEditor::preparePens()
 // Makes room for the words, in whatever size the text is drawn.
 void DlgPlotStyleEditor::widenSpins()
 {
-    const wxSpinCtrl* pen = control<wxSpinCtrl>("SpinPhysPen");
+    const wxSpinCtrl* pen = findControl<wxSpinCtrl>(*this, "SpinPhysPen");
     const int padding = pen->GetTextExtent("00").x;
     const int text =
         std::max(pen->GetTextExtent(_("Automatic")).x, pen->GetTextExtent(_("Varies")).x);
     const wxSize size = pen->GetSizeFromTextSize(text + padding);
     for (const char* name : {"SpinPhysPen", "SpinVirtPen", "SpinScreening"})
-        control<wxSpinCtrl>(name)->SetMinSize(size);
+        findControl<wxSpinCtrl>(*this, name)->SetMinSize(size);
     pen->GetParent()->Layout();
 }
 
 void DlgPlotStyleEditor::setValidators()
 {
     const auto bindText = [this](const char* name, wxString& value, long filter)
-    { control<wxTextCtrl>(name)->SetValidator(wxTextValidator(filter, &value)); };
+    { findControl<wxTextCtrl>(*this, name)->SetValidator(wxTextValidator(filter, &value)); };
     const auto bindValue = [this](const char* name, auto& value)
-    { control<wxWindow>(name)->SetValidator(wxGenericValidator(&value)); };
+    { findControl<wxWindow>(*this, name)->SetValidator(wxGenericValidator(&value)); };
 
     bindText("TextTableDescr", m_tableDescription, wxFILTER_NONE);
     bindValue("CheckScale", m_applyScale);
@@ -268,15 +269,15 @@ void DlgPlotStyleEditor::setValidators()
 
 void DlgPlotStyleEditor::fillLists()
 {
-    control<wxListCtrl>("ListStyles")->InsertColumn(0, _("Name"));
+    findControl<wxListCtrl>(*this, "ListStyles")->InsertColumn(0, _("Name"));
 
-    wxListCtrl* lineWeights = control<wxListCtrl>("ListLineWeights");
+    wxListCtrl* lineWeights = findControl<wxListCtrl>(*this, "ListLineWeights");
     lineWeights->InsertColumn(0, _("Value"), wxLIST_FORMAT_LEFT, 160);
     auto* marks = new wxImageList(16, 16);
     for (const char* mark : {"MarkEmpty", "MarkCheck"})
         marks->Add(wxXmlResource::Get()->LoadBitmap(mark));
     lineWeights->AssignImageList(marks, wxIMAGE_LIST_SMALL);
-    auto* combo = control<wxg::ImageCombo>("ComboLineWeight");
+    auto* combo = findControl<wxg::ImageCombo>(*this, "ComboLineWeight");
     for (int row = 0; row < lineWeightRows; ++row)
     {
         lineWeights->InsertItem(row, wxString(), 0);
@@ -294,7 +295,7 @@ bool DlgPlotStyleEditor::TransferDataToWindow()
 {
     const auto show = [this](const char* name, int state)
     {
-        wxCheckBox* box = control<wxCheckBox>(name);
+        wxCheckBox* box = findControl<wxCheckBox>(*this, name);
         const bool isPossible = state != wxCHK_UNDETERMINED || box->Is3State();
         box->Set3StateValue(
             static_cast<wxCheckBoxState>(isPossible ? state : int(wxCHK_UNCHECKED)));
@@ -323,7 +324,7 @@ bool DlgPlotStyleEditor::TransferDataFromWindow()
     transferScaleFactor();
     const auto state = [this](const char* name) -> int
     {
-        const wxCheckBox* box = control<wxCheckBox>(name);
+        const wxCheckBox* box = findControl<wxCheckBox>(*this, name);
         return box->Get3StateValue();
     };
     m_dither = state("CheckDither");
@@ -356,26 +357,26 @@ void DlgPlotStyleEditor::updateFileInfo()
 {
     updateFileName();
     updateNumStyles();
-    control<wxStaticBitmap>("StatFileIcon")
+    findControl<wxStaticBitmap>(*this, "StatFileIcon")
         ->SetBitmap(wxXmlResource::Get()->LoadBitmap(isCtb() ? "BmpCTB" : "BmpSTB"));
     // Colour-dependent tables are the older kind, which drawings have been moving away from.
     const wxString type = m_table.isNull() ? _("No table")
                           : isCtb()        ? _("Legacy (can be used to import old DWGs)")
                                            : _("Regular");
-    control<wxStaticText>("StatFileType")->SetLabel(type);
+    findControl<wxStaticText>(*this, "StatFileType")->SetLabel(type);
 }
 
 void DlgPlotStyleEditor::updateFileName()
 {
     const wxString name = m_fileName.GetFullName();
     SetTitle(wxString::Format(_("Plot Style Table Editor - %ls"), name));
-    control<wxStaticText>("StatFileName")->SetLabelText(name);
+    findControl<wxStaticText>(*this, "StatFileName")->SetLabelText(name);
     updateFilePath();
 }
 
 void DlgPlotStyleEditor::updateFilePath()
 {
-    wxStaticText* label = control<wxStaticText>("StatFilePath");
+    wxStaticText* label = findControl<wxStaticText>(*this, "StatFilePath");
     if (!label->IsShown())
         return;
     const wxString text = _("Path: ") + m_fileName.GetFullPath();
@@ -400,5 +401,5 @@ void DlgPlotStyleEditor::onSize(wxSizeEvent& event)
 
 void DlgPlotStyleEditor::onUpdateUIScale(wxUpdateUIEvent& event)
 {
-    event.Enable(control<wxCheckBox>("CheckScale")->IsChecked());
+    event.Enable(findControl<wxCheckBox>(*this, "CheckScale")->IsChecked());
 }

@@ -132,10 +132,6 @@ private:
     void setLineWeightUnits(bool inches);
     void endLineWeightEdit(wxListEvent& event);
 
-    /// The control with this resource name.
-    template <class Control>
-    Control* control(const char* name) const;
-
     wxFileName m_fileName;
     wxString m_sourceFile;
     bool m_modified = false;

@@ -2,7 +2,7 @@
 
 #include "psl_dlg_plot_style_editor.h"
 
-#include "psl_editor_controls.h"
+#include "psl_controls.h"
 #include "psl_style_fields.h"
 
 #include "wxgui/color_combo.h"
@@ -82,21 +82,21 @@ void DlgPlotStyleEditor::updateStyleFields()
             styles.push_back(m_table->styleAt(row));
     const StyleFields fields = gatherStyleFields(styles);
 
-    control<wxTextCtrl>("TextStyleDescr")->ChangeValue(fields.description.value.c_str());
-    showCheck(control<wxCheckBox>("CheckDither"), fields.dither);
-    showCheck(control<wxCheckBox>("CheckGrayscale"), fields.grayscale);
-    showCheck(control<wxCheckBox>("CheckAdaptive"), fields.adaptive);
-    showColor(control<wxg::ColorCombo>("ComboColor"), fields.color);
-    showValue(control<wxg::ImageCombo>("ComboLineType"), fields.lineType);
-    showValue(control<wxg::ImageCombo>("ComboLineWeight"), fields.lineWeight);
-    showValue(control<wxg::ImageCombo>("ComboEndStyle"), fields.endStyle);
-    showValue(control<wxg::ImageCombo>("ComboJoinStyle"), fields.joinStyle);
-    showValue(control<wxg::ImageCombo>("ComboFillStyle"), fields.fillStyle);
+    findControl<wxTextCtrl>(*this, "TextStyleDescr")->ChangeValue(fields.description.value.c_str());
+    showCheck(findControl<wxCheckBox>(*this, "CheckDither"), fields.dither);
+    showCheck(findControl<wxCheckBox>(*this, "CheckGrayscale"), fields.grayscale);
+    showCheck(findControl<wxCheckBox>(*this, "CheckAdaptive"), fields.adaptive);
+    showColor(findControl<wxg::ColorCombo>(*this, "ComboColor"), fields.color);
+    showValue(findControl<wxg::ImageCombo>(*this, "ComboLineType"), fields.lineType);
+    showValue(findControl<wxg::ImageCombo>(*this, "ComboLineWeight"), fields.lineWeight);
+    showValue(findControl<wxg::ImageCombo>(*this, "ComboEndStyle"), fields.endStyle);
+    showValue(findControl<wxg::ImageCombo>(*this, "ComboJoinStyle"), fields.joinStyle);
+    showValue(findControl<wxg::ImageCombo>(*this, "ComboFillStyle"), fields.fillStyle);
     m_physicalPenVaries = fields.physicalPen == fieldDiffers;
     m_virtualPenVaries = fields.virtualPen == fieldDiffers;
-    showSpin(control<wxSpinCtrl>("SpinPhysPen"), fields.physicalPen);
-    showSpin(control<wxSpinCtrl>("SpinVirtPen"), fields.virtualPen);
-    showSpin(control<wxSpinCtrl>("SpinScreening"), fields.screening);
+    showSpin(findControl<wxSpinCtrl>(*this, "SpinPhysPen"), fields.physicalPen);
+    showSpin(findControl<wxSpinCtrl>(*this, "SpinVirtPen"), fields.virtualPen);
+    showSpin(findControl<wxSpinCtrl>(*this, "SpinScreening"), fields.screening);
 }
 
 bool DlgPlotStyleEditor::changeSelectedStyles(const StyleChange& change)
@@ -181,7 +181,7 @@ void DlgPlotStyleEditor::onComboChanged(wxCommandEvent& event)
 {
     if (isFrom(event, "ComboColor"))
     {
-        const auto picked = control<wxg::ColorCombo>("ComboColor")->color();
+        const auto picked = findControl<wxg::ColorCombo>(*this, "ComboColor")->color();
         const std::uint32_t rgb = picked ? styleRgb(*picked) : objectColor;
         changeSelectedStyles([rgb](Data& data) { changeColor(data, rgb); });
         return;
@@ -212,9 +212,9 @@ void DlgPlotStyleEditor::onUpdateUIStyleField(wxUpdateUIEvent& event)
 {
     event.Enable(isEditable(selectedStyles()));
     if (isFrom(event, "SpinPhysPen"))
-        updatePenText(control<wxSpinCtrl>("SpinPhysPen"), m_physicalPenVaries);
+        updatePenText(findControl<wxSpinCtrl>(*this, "SpinPhysPen"), m_physicalPenVaries);
     else if (isFrom(event, "SpinVirtPen"))
-        updatePenText(control<wxSpinCtrl>("SpinVirtPen"), m_virtualPenVaries);
+        updatePenText(findControl<wxSpinCtrl>(*this, "SpinVirtPen"), m_virtualPenVaries);
     else if (auto* combo = dynamic_cast<wxg::VariesCombo*>(event.GetEventObject()))
         combo->Refresh(true);
 }

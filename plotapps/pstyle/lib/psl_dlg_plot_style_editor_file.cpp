@@ -3,7 +3,7 @@
 
 #include "psl_dlg_plot_style_editor.h"
 
-#include "psl_editor_controls.h"
+#include "psl_controls.h"
 
 #include "cmdapi/cma.h"
 #include "psl_csv.h"
@@ -18,15 +18,6 @@ namespace
 {
 
 const char* const caption = wxTRANSLATE("Plot Style Table Editor");
-
-// The dialog knows the whole path only after it has really been shown.
-wxString chosenPath(const wxFileDialog& dialog)
-{
-    const wxString path = dialog.GetPath();
-    if (!path.empty())
-        return path;
-    return wxFileName(dialog.GetDirectory(), dialog.GetFilename()).GetFullPath();
-}
 
 } // namespace
 
@@ -73,7 +64,7 @@ void DlgPlotStyleEditor::takeTableValues()
     m_unitsIn = m_table->isDisplayCustomLineweightUnits();
     m_unitsMm = !m_unitsIn;
     // There is no button as long as there is nothing to sort.
-    control<wxButton>("BtnLwSort")->Show(isLineWeightListOutOfOrder(*m_table));
+    findControl<wxButton>(*this, "BtnLwSort")->Show(isLineWeightListOutOfOrder(*m_table));
 }
 
 void DlgPlotStyleEditor::takeNoTable(const wxString& path)
@@ -85,7 +76,7 @@ void DlgPlotStyleEditor::takeNoTable(const wxString& path)
     m_applyScale = false;
     m_scaleText = "1";
     m_tableDescription.clear();
-    control<wxButton>("BtnLwSort")->Hide();
+    findControl<wxButton>(*this, "BtnLwSort")->Hide();
 }
 
 bool DlgPlotStyleEditor::save(const wxString& path)

@@ -2,7 +2,7 @@
 
 #include "psl_dlg_plot_style_editor.h"
 
-#include "psl_editor_controls.h"
+#include "psl_controls.h"
 
 #include "wxgui/image_combo.h"
 
@@ -26,7 +26,7 @@ int firstSelected(const wxListCtrl* list)
 
 void DlgPlotStyleEditor::onLwEdit(wxCommandEvent&)
 {
-    wxListCtrl* list = control<wxListCtrl>("ListLineWeights");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListLineWeights");
     const int row = firstSelected(list);
     if (row >= 0)
         list->EditLabel(row);
@@ -59,7 +59,7 @@ void DlgPlotStyleEditor::setLineWeightUnits(bool inches)
 
 void DlgPlotStyleEditor::onUpdateUILwEdit(wxUpdateUIEvent& event)
 {
-    event.Enable(firstSelected(control<wxListCtrl>("ListLineWeights")) >= 0);
+    event.Enable(firstSelected(findControl<wxListCtrl>(*this, "ListLineWeights")) >= 0);
 }
 
 void DlgPlotStyleEditor::updateLineWeightUse(bool refreshList)
@@ -67,7 +67,7 @@ void DlgPlotStyleEditor::updateLineWeightUse(bool refreshList)
     m_lineWeightUse = lineWeightUse(m_table.get());
     if (!refreshList)
         return;
-    wxListCtrl* list = control<wxListCtrl>("ListLineWeights");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListLineWeights");
     for (int row = 0; row < lineWeightRows; ++row)
         list->SetItemImage(row, m_lineWeightUse[static_cast<size_t>(row)]);
 }
@@ -75,8 +75,8 @@ void DlgPlotStyleEditor::updateLineWeightUse(bool refreshList)
 // The rows and entries are there for good; those past the table's list are blank.
 void DlgPlotStyleEditor::updateLineWeights(bool keepComboSelection)
 {
-    wxListCtrl* list = control<wxListCtrl>("ListLineWeights");
-    auto* combo = control<wxg::ImageCombo>("ComboLineWeight");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListLineWeights");
+    auto* combo = findControl<wxg::ImageCombo>(*this, "ComboLineWeight");
     const int selection = keepComboSelection ? combo->GetSelection() : wxNOT_FOUND;
     for (int row = 0; row < lineWeightRows; ++row)
     {
@@ -96,8 +96,8 @@ void DlgPlotStyleEditor::sortLineWeights()
 {
     if (m_table.isNull())
         return;
-    wxListCtrl* list = control<wxListCtrl>("ListLineWeights");
-    auto* combo = control<wxg::ImageCombo>("ComboLineWeight");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListLineWeights");
+    auto* combo = findControl<wxg::ImageCombo>(*this, "ComboLineWeight");
     const int row = firstSelected(list);
     const int entry = combo->GetSelection();
 

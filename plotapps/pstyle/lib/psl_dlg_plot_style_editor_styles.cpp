@@ -2,7 +2,7 @@
 
 #include "psl_dlg_plot_style_editor.h"
 
-#include "psl_editor_controls.h"
+#include "psl_controls.h"
 
 #include <wx/button.h>
 #include <wx/imaglist.h>
@@ -29,7 +29,7 @@ int findStyle(OdPsPlotStyleTable* table, const wxString& name, bool)
 
 void DlgPlotStyleEditor::updateStyles()
 {
-    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     list->DeleteAllItems();
     if (m_table.isNull())
         return;
@@ -45,7 +45,7 @@ void DlgPlotStyleEditor::updateStyles()
 
 void DlgPlotStyleEditor::updateNumStyles()
 {
-    control<wxStaticText>("StatNumStyles")
+    findControl<wxStaticText>(*this, "StatNumStyles")
         ->SetLabel(_("Number of styles: ") + wxString::Format("%d", m_styleCount));
 }
 
@@ -55,14 +55,14 @@ void DlgPlotStyleEditor::updateStyleButtons()
     const bool show = !m_table.isNull() && !isCtb();
     for (const char* name :
          {"BtnStyleAddGrid", "BtnStyleDelGrid", "BtnStyleAddForm", "BtnStyleDelForm"})
-        control<wxButton>(name)->Show(show);
-    control<wxButton>("BtnStyleAddForm")->GetParent()->Layout();
+        findControl<wxButton>(*this, name)->Show(show);
+    findControl<wxButton>(*this, "BtnStyleAddForm")->GetParent()->Layout();
 }
 
 void DlgPlotStyleEditor::updateListWidths()
 {
     constexpr int scrollBar = 22;
-    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     const int width = list->GetClientSize().x - scrollBar;
     // Called from the paint handler: setting the same width would paint again, for ever.
     if (list->GetColumnWidth(0) != width)
@@ -72,14 +72,14 @@ void DlgPlotStyleEditor::updateListWidths()
 bool DlgPlotStyleEditor::isFormViewCurrent() const
 {
     constexpr int formViewPage = 1;
-    return control<wxNotebook>("NoteBook")->GetSelection() == formViewPage;
+    return findControl<wxNotebook>(*this, "NoteBook")->GetSelection() == formViewPage;
 }
 
 // The selected rows in ascending order. The list's own count is not relied on: it stays too high
 // after selected rows have been deleted.
 std::vector<int> DlgPlotStyleEditor::selectedStyles() const
 {
-    const wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    const wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     std::vector<int> rows;
     for (long row = -1;
          (row = list->GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) != -1;)
@@ -147,7 +147,7 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
         styles.insert(styles.begin() + index + 1, style);
         m_table->setStyleArray(styles);
     }
-    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     const long row = list->InsertItem(index + 1, name);
     list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
     list->SetItemState(row, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED,
@@ -170,7 +170,7 @@ void DlgPlotStyleEditor::onStyleDel(wxCommandEvent&)
     std::vector<int> rows = selectedStyles();
     if (rows.empty())
         return;
-    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     OdArray<OdPsPlotStylePtr> styles;
     std::reverse(rows.begin(), rows.end());
     for (const int row : rows)
@@ -203,7 +203,7 @@ void DlgPlotStyleEditor::onUpdateUIStyleDelGrid(wxUpdateUIEvent& event)
 // The keys do what the buttons do, and only where those are there to be pressed.
 void DlgPlotStyleEditor::bindStyleKeys()
 {
-    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     list->Bind(wxEVT_CHAR_HOOK,
                [this, list](wxKeyEvent& event)
                {
@@ -214,7 +214,7 @@ void DlgPlotStyleEditor::bindStyleKeys()
 
 bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
 {
-    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     const long focused = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
     wxCommandEvent pressed(wxEVT_BUTTON);
     const bool isPlain = event.GetModifiers() == wxMOD_NONE;
@@ -237,7 +237,7 @@ bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
 // The fields are gathered once for all rows, not once for each.
 void DlgPlotStyleEditor::selectAllStyles()
 {
-    wxListCtrl* list = control<wxListCtrl>("ListStyles");
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     {
         wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_SELECTED);
         for (int row = 0; row < list->GetItemCount(); ++row)
@@ -256,12 +256,12 @@ void DlgPlotStyleEditor::onBeginLabelEdit(wxListEvent& event)
 {
     m_vetoedEdit = nullptr;
     const wxObject* list = event.GetEventObject();
-    if (list == control<wxListCtrl>("ListStyles"))
+    if (list == findControl<wxListCtrl>(*this, "ListStyles"))
     {
         if (isCtb() || event.GetIndex() == 0)
             event.Veto();
     }
-    else if (list == control<wxListCtrl>("ListLineWeights"))
+    else if (list == findControl<wxListCtrl>(*this, "ListLineWeights"))
     {
         const bool isListed = !m_table.isNull() && event.GetIndex() < m_table->lineweightCount();
         if (!isListed)
@@ -277,9 +277,9 @@ void DlgPlotStyleEditor::onEndLabelEdit(wxListEvent& event)
     const void* edit = list->GetEditControl();
     if (event.IsEditCancelled() && m_vetoedEdit && m_vetoedEdit == edit)
         return;
-    if (list == control<wxListCtrl>("ListStyles"))
+    if (list == findControl<wxListCtrl>(*this, "ListStyles"))
         endStyleEdit(event);
-    else if (list == control<wxListCtrl>("ListLineWeights"))
+    else if (list == findControl<wxListCtrl>(*this, "ListLineWeights"))
         endLineWeightEdit(event);
     if (!event.IsAllowed())
         m_vetoedEdit = edit;

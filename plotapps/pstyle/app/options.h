@@ -1,0 +1,37 @@
+// The command line of pstyle.
+
+#ifndef PSTYLE_OPTIONS_H
+#define PSTYLE_OPTIONS_H
+
+#include <string>
+
+/// What the program is asked to do. Texts are in the encoding of file names.
+struct Options
+{
+    enum class Action
+    {
+        Choose,    ///< show the chooser
+        Edit,      ///< edit `file`, created from `source` if that is not empty
+        Create,    ///< ask for a new table in the folder `file`
+        List,      ///< print the tables of the plot style folder
+        SetFolder, ///< make `file` the plot style folder
+        Export,    ///< write `source` as comma-separated text to `file`, or to standard output
+        Help,
+        Version,
+        Refuse, ///< `reason` says what is wrong with the command line
+    };
+
+    Action action = Action::Choose;
+    std::string file;
+    std::string source;
+    /// Of a new table.
+    bool colorDependent = false;
+    std::string reason;
+};
+
+/// The text that --help prints.
+extern const char* const usage;
+
+Options parseOptions(int argc, char** argv);
+
+#endif
