@@ -23,13 +23,6 @@ constexpr int otherEntry = 9;
 
 const wxSize swatchSize(24, 12);
 
-OdCmEntityColor indexColor(int index)
-{
-    OdCmEntityColor color;
-    color.setColorIndex(index);
-    return color;
-}
-
 } // namespace
 
 ColorCombo::ColorCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, const wxSize& size,

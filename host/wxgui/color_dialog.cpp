@@ -13,6 +13,13 @@
 namespace wxg
 {
 
+OdCmEntityColor indexColor(int index)
+{
+    OdCmEntityColor color;
+    color.setColorIndex(index);
+    return color;
+}
+
 wxColour toolkitColor(OdCmEntityColor color)
 {
     constexpr int blackOnPaper = 7;
@@ -52,12 +59,7 @@ ColorDialog::ColorDialog(wxWindow* parent, const wxString& title, OdCmEntityColo
     CentreOnParent();
 
     m_palette->Bind(EVT_COLOR_PICKED,
-                    [this](wxCommandEvent& event)
-                    {
-                        OdCmEntityColor color;
-                        color.setColorIndex(event.GetInt());
-                        show(color);
-                    });
+                    [this](wxCommandEvent& event) { show(indexColor(event.GetInt())); });
     m_palette->Bind(EVT_COLOR_CONFIRMED, [this](wxCommandEvent&) { EndDialog(wxID_OK); });
     trueColor->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { askForTrueColor(); });
     show(current);

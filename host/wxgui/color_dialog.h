@@ -15,6 +15,9 @@ namespace wxg
 
 class ColorPalette;
 
+/// The colour with this index. @param index  0 to 255
+OdCmEntityColor indexColor(int index);
+
 /// The colour of a drawing entity as the toolkit's colour: the one that is plotted, so index 7 is
 /// black.
 wxColour toolkitColor(OdCmEntityColor color);

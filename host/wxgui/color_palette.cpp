@@ -51,13 +51,6 @@ wxRect rectAt(int row, int column)
     return {column * cell, topOf(row), cell, cell};
 }
 
-OdCmEntityColor indexColor(int index)
-{
-    OdCmEntityColor color;
-    color.setColorIndex(index);
-    return color;
-}
-
 // Calls `visit(row, column, index)` for every colour.
 template <class Visit>
 void forEachColor(Visit visit)

@@ -4,6 +4,7 @@
 #include "support/screen_image.h"
 
 #include "wxgui/color_combo.h"
+#include "wxgui/color_dialog.h"
 #include "wxgui/color_palette.h"
 #include "wxgui/image_combo.h"
 #include "wxgui/wxgui.h"
@@ -21,6 +22,8 @@
 #include <functional>
 #include <set>
 
+using wxg::indexColor;
+
 namespace
 {
 
@@ -29,13 +32,6 @@ wxBitmap solid(const wxColour& colour, const wxSize& size)
     wxImage image(size);
     image.SetRGB(wxRect(size), colour.Red(), colour.Green(), colour.Blue());
     return wxBitmap(image);
-}
-
-OdCmEntityColor indexColor(int index)
-{
-    OdCmEntityColor color;
-    color.setColorIndex(index);
-    return color;
 }
 
 // A window with one control, shown on the screen.

@@ -15,6 +15,7 @@
 #include <wx/init.h>
 #include <wx/intl.h>
 #include <wx/log.h>
+#include <wx/utils.h>
 #include <wx/xrc/xmlres.h>
 
 #include <cstdio>
@@ -107,6 +108,9 @@ public:
 
     bool OnInit() override
     {
+        // The toolkit's notes to its developers are for those who ask for them.
+        if (!wxGetEnv("WXTRACE", nullptr))
+            wxLog::SetLogLevel(wxLOG_Info);
         SetAppName("pstyle");
         SetAppDisplayName(_("Plot Style Table Editor"));
         wxInitAllImageHandlers();

@@ -3,10 +3,10 @@
 #ifndef PSL_CONTROLS_H
 #define PSL_CONTROLS_H
 
-#include <wx/filedlg.h>
-#include <wx/filename.h>
 #include <wx/window.h>
 #include <wx/xrc/xmlres.h>
+
+class wxFileDialog;
 
 /// The control of a window with this resource name, which the window's resource has to have.
 template <class Control>
@@ -17,12 +17,10 @@ Control* findControl(const wxWindow& window, const char* name)
 
 /// The path that a confirmed file dialog gives. The dialog knows the whole path only after it has
 /// really been shown.
-inline wxString chosenPath(const wxFileDialog& dialog)
-{
-    const wxString path = dialog.GetPath();
-    if (!path.empty())
-        return path;
-    return wxFileName(dialog.GetDirectory(), dialog.GetFilename()).GetFullPath();
-}
+wxString chosenPath(const wxFileDialog& dialog);
+
+/// Asks for an existing table file. @param directory  where the dialog starts
+/// @return the file's full path; empty when the user cancelled
+wxString askForTable(wxWindow* parent, const wxString& directory);
 
 #endif

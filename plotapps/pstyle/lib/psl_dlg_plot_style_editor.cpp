@@ -338,8 +338,9 @@ bool DlgPlotStyleEditor::TransferDataFromWindow()
 void DlgPlotStyleEditor::transferScaleFactor()
 {
     double factor = 0;
-    if (m_scaleText == scaleFactorText() || !m_scaleText.ToDouble(&factor) ||
-        !std::isfinite(factor))
+    const bool isAsShown = !findControl<wxTextCtrl>(*this, "TextScale")->IsModified() &&
+                           m_scaleText == scaleFactorText();
+    if (isAsShown || !m_scaleText.ToDouble(&factor) || !std::isfinite(factor))
         return;
     if (std::abs(factor - m_table->scaleFactor()) > 1e-10)
     {

@@ -102,7 +102,8 @@ private:
     bool save(const wxString& path);
     bool checkSave();
     bool isCtb() const;
-    void commitPendingEdit();
+    bool commitPendingEdit();
+    void refuseEdit(wxListEvent& event);
     void transferScaleFactor();
     wxString scaleFactorText() const;
 
@@ -159,6 +160,8 @@ private:
     LineWeightUse m_lineWeightUse{};
     /// The edit control whose label was refused last, while its edit goes on.
     const void* m_vetoedEdit = nullptr;
+    /// A label was refused while the current event is handled.
+    bool m_editRefused = false;
 
     wxDECLARE_CLASS(DlgPlotStyleEditor);
     wxDECLARE_EVENT_TABLE();

@@ -11,8 +11,10 @@
 #include <wx/button.h>
 #include <wx/filedlg.h>
 #include <wx/intl.h>
+#include <wx/listctrl.h>
 #include <wx/log.h>
 #include <wx/msgdlg.h>
+#include <wx/weakref.h>
 
 namespace
 {
@@ -100,7 +102,6 @@ bool DlgPlotStyleEditor::save(const wxString& path)
 
 bool DlgPlotStyleEditor::checkSave()
 {
-    commitPendingEdit();
     TransferDataFromWindow();
     if (!m_modified || m_table.isNull())
         return true;
@@ -111,16 +112,29 @@ bool DlgPlotStyleEditor::checkSave()
     return answer == wxNO;
 }
 
-// A typed pen number reaches its handler only when its field loses the focus, which Return and
-// mnemonics do not cause.
-void DlgPlotStyleEditor::commitPendingEdit()
+// What is being typed into a pen field or a list row is taken when the focus leaves it, which
+// Return and mnemonics do not cause. Gives false when a row's new text was refused just now, so
+// that the user sees why and can mend it.
+bool DlgPlotStyleEditor::commitPendingEdit()
 {
-    wxWindow* focused = FindFocus();
-    if (!focused || !IsDescendant(focused))
-        return;
-    wxWindow* ok = FindWindow(wxID_OK);
-    ok->SetFocus();
-    focused->SetFocus();
+    // The control may be gone with the end of its edit.
+    const wxWeakRef<wxWindow> focused(FindFocus());
+    if (focused && IsDescendant(focused))
+    {
+        FindWindow(wxID_OK)->SetFocus();
+        if (focused)
+            focused->SetFocus();
+    }
+    return !m_editRefused;
+}
+
+// A click on a button ends an edit first and reaches the button's handler at once; whatever the
+// user does later is no answer to the refusal any more.
+void DlgPlotStyleEditor::refuseEdit(wxListEvent& event)
+{
+    event.Veto();
+    m_editRefused = true;
+    CallAfter([this] { m_editRefused = false; });
 }
 
 bool DlgPlotStyleEditor::isCtb() const
@@ -130,21 +144,18 @@ bool DlgPlotStyleEditor::isCtb() const
 
 void DlgPlotStyleEditor::onOpen(wxCommandEvent&)
 {
-    if (!checkSave())
+    if (!commitPendingEdit() || !checkSave())
         return;
-    wxFileDialog dialog(this, _("Select a Plot Style File"), m_fileName.GetPath(), wxString(),
-                        _("Plot Style files (*.ctb;*.stb)|*.ctb;*.stb|All files (*.*)|*.*"),
-                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() != wxID_OK)
+    const wxString chosen = askForTable(this, m_fileName.GetPath());
+    if (chosen.empty())
         return;
-    m_fileName.Assign(chosenPath(dialog));
+    m_fileName.Assign(chosen);
     load();
 }
 
 void DlgPlotStyleEditor::onSaveAs(wxCommandEvent&)
 {
-    commitPendingEdit();
-    if (!Validate() || !TransferDataFromWindow())
+    if (!commitPendingEdit() || !Validate() || !TransferDataFromWindow())
         return;
     const wxString filter =
         isCtb() ? _("Color-dependent Plot Style files (*.ctb)|*.ctb|All files (*.*)|*.*")
@@ -162,8 +173,7 @@ void DlgPlotStyleEditor::onSaveAs(wxCommandEvent&)
 
 void DlgPlotStyleEditor::onOk(wxCommandEvent& event)
 {
-    commitPendingEdit();
-    if (!Validate() || !TransferDataFromWindow())
+    if (!commitPendingEdit() || !Validate() || !TransferDataFromWindow())
         return;
     if (m_modified && !save(wxString()))
         return;
@@ -172,6 +182,7 @@ void DlgPlotStyleEditor::onOk(wxCommandEvent& event)
 
 void DlgPlotStyleEditor::onCancel(wxCommandEvent& event)
 {
+    commitPendingEdit();
     if (checkSave())
         event.Skip();
 }

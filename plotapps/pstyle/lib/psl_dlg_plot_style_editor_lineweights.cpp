@@ -126,14 +126,15 @@ void DlgPlotStyleEditor::endLineWeightEdit(wxListEvent& event)
     if (label.empty() || m_table.isNull())
         return;
     const auto value = parseLineWeight(label, m_unitsIn);
-    if (value)
+    if (!value)
     {
-        m_table->setLineweightAt(static_cast<int>(event.GetIndex()), *value);
-        sortLineWeights();
-    }
-    else
         wxLogError(_("Custom lineweights must be greater than or equal to 0 and less than or equal "
                      "to %.0lf mm (%.4lf\")."),
                    maxLineWeight, maxLineWeight / millimetersPerInch);
+        refuseEdit(event);
+        return;
+    }
+    m_table->setLineweightAt(static_cast<int>(event.GetIndex()), *value);
+    sortLineWeights();
     event.Veto();
 }

@@ -16,14 +16,18 @@
 
 #include <algorithm>
 
-// The comparison never regards case, and the style that is being renamed takes part, so that a
-// rename which only changes case is refused: names that differ in case alone are one name to the
-// plotting system.
+// Names are compared as the table's style map does. The style that is being renamed takes part, so
+// that a rename which only changes case is refused: names that differ in case alone are one name to
+// the plotting system.
 int findStyle(OdPsPlotStyleTable* table, const wxString& name, bool)
 {
+    const OdPs::OdPsStrLess isLess;
     for (int i = 0; i < table->styleCount(); ++i)
-        if (name.IsSameAs(table->styleAt(i)->localizedName().c_str(), false))
+    {
+        const OdString other = table->styleAt(i)->localizedName();
+        if (!isLess(name.wc_str(), other.c_str()) && !isLess(other.c_str(), name.wc_str()))
             return i;
+    }
     return -1;
 }
 
@@ -36,8 +40,10 @@ void DlgPlotStyleEditor::updateStyles()
     list->SetImageList(isCtb() ? m_colorImages.get() : nullptr, wxIMAGE_LIST_SMALL);
     for (int i = 0; i < m_styleCount; ++i)
     {
+        // A file may hold more styles than there are colours; those have no swatch.
+        const int swatch = i < m_colorImages->GetImageCount() ? i : -1;
         if (isCtb())
-            list->InsertItem(i, wxString::Format("%ls %d", _("Color"), i + 1), i);
+            list->InsertItem(i, wxString::Format("%ls %d", _("Color"), i + 1), swatch);
         else
             list->InsertItem(i, m_table->styleAt(i)->localizedName().c_str());
     }
@@ -298,13 +304,13 @@ void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
     {
         wxLogError(_("A style name cannot contain any of the following characters: %ls"),
                    invalidCharacters);
-        event.Veto();
+        refuseEdit(event);
     }
     else if (findStyle(m_table.get(), name, true) >= 0)
     {
         wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."),
                    name);
-        event.Veto();
+        refuseEdit(event);
     }
     else
         renameStyle(style, name);

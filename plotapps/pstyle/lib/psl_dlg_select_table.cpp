@@ -12,7 +12,6 @@
 #include <wx/arrstr.h>
 #include <wx/choice.h>
 #include <wx/combobox.h>
-#include <wx/filedlg.h>
 #include <wx/intl.h>
 #include <wx/log.h>
 #include <wx/radiobut.h>
@@ -147,12 +146,9 @@ void DlgSelectTable::onBrowse(wxCommandEvent&)
     wxComboBox* combo = findControl<wxComboBox>(*this, "ComboSourceFile");
     const wxString current = combo->GetValue();
     const bool isAbsolute = wxFileName(current).IsAbsolute();
-    wxFileDialog dialog(this, _("Select a Plot Style File"),
-                        isAbsolute ? current : plotStyleFolder(), wxString(),
-                        _("Plot Style files (*.ctb;*.stb)|*.ctb;*.stb|All files (*.*)|*.*"),
-                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() == wxID_OK)
-        combo->SetValue(chosenPath(dialog));
+    const wxString chosen = askForTable(this, isAbsolute ? current : plotStyleFolder());
+    if (!chosen.empty())
+        combo->SetValue(chosen);
 }
 
 void DlgSelectTable::onOk(wxCommandEvent& event)
