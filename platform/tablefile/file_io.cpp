@@ -203,9 +203,9 @@ void replaceFile(const std::string& path, std::string_view bytes)
     const mode_t mode = exists ? old.st_mode & kPermissionBits : kNewFileMode;
     File file(createIn(folder, mode, temporaryPath));
     TemporaryName temporary(temporaryPath);
-    writeAll(file.get(), bytes);
     if (exists)
         giveTo(file.get(), old);
+    writeAll(file.get(), bytes);
     if (::fsync(file.get()) != 0)
         failWrite("synchronize", errno);
     if (!file.close())

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -131,8 +132,11 @@ void TableEditor::replace(std::vector<Edit>& edits, Span span, std::string text)
 void TableEditor::insertLines(std::vector<Edit>& edits, std::uint32_t position,
                               std::string lines) const
 {
-    // The text's last line may have no end.
-    if (position > 0 && m_text[position - 1] != '\n')
+    // The text's last line may have no end, which the first lines behind it have to supply.
+    const auto isThere = [position](const Edit& edit)
+    { return edit.span.begin == position && edit.span.end == position; };
+    const bool lacksEnd = position > 0 && m_text[position - 1] != '\n';
+    if (lacksEnd && std::none_of(edits.begin(), edits.end(), isThere))
         lines.insert(0, m_newLine);
     edits.push_back({{position, position}, std::move(lines)});
 }
@@ -355,8 +359,12 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
 {
     std::map<std::wstring, std::wstring> names;
     std::unordered_set<const OdPsPlotStyle*> present;
+    std::set<std::wstring> presentNames;
     for (const OdPsPlotStylePtr& style : m_styles)
+    {
         present.insert(style.get());
+        presentNames.insert(storableText(style->name().str()));
+    }
     for (const StyleGroup& group : m_origin.styleGroups)
     {
         const OdPsPlotStyle& style = *m_origin.styles[group.position];
@@ -365,6 +373,9 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
             continue;
         const OdString now = isDeleted ? m_styles.front()->name() : style.name();
         const std::wstring original = originalValues(group, fieldsOf(group)).texts.name;
+        // Another style may have taken the place of a deleted one under its name.
+        if (isDeleted && presentNames.count(original) > 0)
+            continue;
         names.emplace(original, storableText(now.str()));
     }
     return names;

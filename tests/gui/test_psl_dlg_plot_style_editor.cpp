@@ -2,6 +2,7 @@
 // operations with their questions and messages.
 
 #include "support/editor_test.h"
+#include "support/table_maker.h"
 
 #include "psl_path_text.h"
 #include "wxgui/color_combo.h"
@@ -52,8 +53,9 @@ TEST_F(EditorTest, IsSixHundredPixelsWideAndCentred)
     answers.run(
         [](wxDialog* dialog)
         {
-            const bool needsMore = dialog->GetMinSize().x > 600;
-            EXPECT_EQ(dialog->GetSize().x, needsMore ? dialog->GetMinSize().x : 600);
+            // Text of twice the size needs more.
+            EXPECT_EQ(dialog->GetSize().x,
+                      wxg::isDpiForLargeIcons() ? dialog->GetMinSize().x : 600);
             const wxRect screen = wxGetClientDisplayRect();
             const wxRect window = dialog->GetScreenRect();
             EXPECT_NEAR(window.x + window.width / 2, screen.width / 2, 2);
@@ -427,10 +429,17 @@ TEST_F(EditorTest, AScaleThatIsNoNumberOrNoChangeModifiesNothing)
 {
     for (const char* scale : {"abc", "", "1.00000000001", "0.99999999999", "1", "nan", "inf"})
     {
-        Editor editor(makeTable("table.ctb"));
+        const wxString file = makeTable("table.ctb");
+        Editor editor(file);
         find<wxTextCtrl>(editor, "TextScale")->SetValue(scale);
         EXPECT_TRUE(editor.TransferDataFromWindow()) << scale;
         EXPECT_FALSE(editor.isModified()) << scale;
+        // Another change has the table written, and the factor with it.
+        find<wxTextCtrl>(editor, "TextTableDescr")->SetValue("changed");
+        EXPECT_TRUE(editor.TransferDataFromWindow()) << scale;
+        find<wxTextCtrl>(editor, "TextScale")->SetValue("1");
+        editor.press(wxID_OK);
+        EXPECT_EQ(loadTable(file)->scaleFactor(), 1.0) << scale;
     }
 }
 
@@ -454,6 +463,18 @@ TEST_F(EditorTest, AFactorWithMoreDigitsThanShownIsKept)
     EXPECT_EQ(find<wxTextCtrl>(editor, "TextScale")->GetValue(), "1.23457");
     editor.press(wxID_OK);
     EXPECT_EQ(readBytes(file), before);
+}
+
+TEST_F(EditorTest, AFactorTypedAsShownIsTaken)
+{
+    const wxString file =
+        makeTable("table.ctb", [](OdPsPlotStyleTable& table) { table.setScaleFactor(1.23456789); });
+    Editor editor(file);
+    auto* scale = find<wxTextCtrl>(editor, "TextScale");
+    scale->SetValue("1.23457");
+    scale->MarkDirty(); // as typing does
+    editor.press(wxID_OK);
+    EXPECT_EQ(loadTable(file)->scaleFactor(), 1.23457);
 }
 
 TEST_F(EditorTest, TransferFailsWithoutATable)
@@ -601,6 +622,8 @@ TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
         {"printer.stb", "solid cube\n facet normal 0 0 1\nendsolid cube\n"},
         {"cut.ctb", bytes.substr(0, bytes.size() / 2)},
         {"header.ctb", bytes.substr(0, 60)},
+        {"magic.ctb", "X" + bytes.substr(1)},
+        {"bomb.ctb", support::pack(std::string(size_t{64} << 20, ' '))},
     };
     for (const auto& c : cases)
     {
@@ -616,6 +639,64 @@ TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
         expectNoTable(editor);
         EXPECT_EQ(readBytes(file), c.bytes) << "the file is left as it is";
     }
+}
+
+TEST_F(EditorTest, ClaimedSizesAreNotBelieved)
+{
+    support::Container container;
+    container.inflatedSize = container.compressedSize = 1u << 30;
+    Editor editor(makeFile("claims.ctb", support::pack(support::colorTableText(), container)));
+    EXPECT_EQ(text(editor, "StatNumStyles"), "Number of styles: 255");
+}
+
+// A folder is no existing file: the editor starts a new table, which the save then cannot write.
+TEST_F(EditorTest, AFolderIsNotOverwritten)
+{
+    const wxString subfolder = folder.file("folder.ctb");
+    wxMkdir(subfolder);
+    Editor editor(subfolder);
+    ErrorLog log;
+    editor.press(wxID_OK);
+    EXPECT_FALSE(editor.hasEnded());
+    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + subfolder});
+    EXPECT_TRUE(wxDirExists(subfolder));
+}
+
+TEST_F(EditorTest, StylesBeyondTheColoursAreListedWithoutASwatch)
+{
+    Editor editor(makeTable("more.ctb",
+                            [](OdPsPlotStyleTable& table)
+                            {
+                                table.addNewStyle(L"Color_256");
+                                table.addNewStyle(L"Color_257");
+                            }));
+    const auto* list = find<wxListCtrl>(editor, "ListStyles");
+    ASSERT_EQ(list->GetItemCount(), 257);
+    const auto imageOf = [list](int row)
+    {
+        wxListItem item;
+        item.SetId(row);
+        item.SetMask(wxLIST_MASK_IMAGE);
+        list->GetItem(item);
+        return item.GetImage();
+    };
+    EXPECT_EQ(imageOf(254), 254);
+    EXPECT_EQ(imageOf(255), -1);
+    EXPECT_EQ(imageOf(256), -1);
+}
+
+TEST_F(EditorTest, WithoutATableNothingIsSaved)
+{
+    DialogAnswers answers;
+    answers.press(wxID_OK);
+    const wxString file = makeFile("none.ctb", "no table");
+    Editor editor(file);
+    ErrorLog log;
+    editor.press(wxID_OK);
+    editor.press("BtnSaveAs");
+    EXPECT_FALSE(editor.hasEnded());
+    EXPECT_TRUE(log.messages().empty());
+    EXPECT_EQ(readBytes(file), "no table");
 }
 
 TEST_F(EditorTest, WithoutATableCancelClosesWithoutAsking)
@@ -695,6 +776,34 @@ TEST_F(EditorTest, AConflictOfAFieldKeepsTheDialogOpen)
     editor.press(wxID_OK);
     EXPECT_FALSE(editor.hasEnded());
     EXPECT_EQ(answers.shown().size(), 1u) << "the toolkit's own message";
+}
+
+TEST_F(EditorTest, AFailedSaveAsStaysWithTheNewName)
+{
+    Editor editor(makeTable("a.ctb"));
+    find<wxTextCtrl>(editor, "TextTableDescr")->SetValue("changed");
+    ErrorLog log;
+    DialogAnswers answers;
+    const wxString target = folder.file("missing/100%s.ctb");
+    answers.choose(target);
+    editor.press("BtnSaveAs");
+    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + target});
+    EXPECT_EQ(editor.GetTitle(), "Plot Style Table Editor - 100%s.ctb");
+    EXPECT_TRUE(editor.isModified());
+    EXPECT_EQ(loadTable(folder.file("a.ctb"))->description(), OdString());
+}
+
+TEST_F(EditorTest, SaveAsStopsAtAConflictOfAField)
+{
+    Editor editor(makeTable("a.ctb"));
+    find<wxCheckBox>(editor, "CheckScale")->SetValue(true);
+    updateUi(editor);
+    find<wxTextCtrl>(editor, "TextScale")->SetValue("abc");
+    DialogAnswers answers;
+    answers.press(wxID_OK);
+    editor.press("BtnSaveAs");
+    ASSERT_EQ(answers.shown().size(), 1u);
+    EXPECT_EQ(answers.shown().front().className, "wxMessageDialog") << "no file dialog";
 }
 
 TEST_F(EditorTest, SaveAsOffersTheKindOfTheTable)
@@ -921,6 +1030,71 @@ TEST_F(EditorTest, FileDialogsBelongToTheEditor)
     EXPECT_EQ(answers.shown()[1].parent, &dialog);
     EXPECT_EQ(answers.shown()[2].parent, &dialog);
 }
+
+// --- Edits that end with a button ----------------------------------------------------------
+
+class EndsOfEdits : public EditorTest, public testing::WithParamInterface<const char*>
+{
+protected:
+    const wxString file =
+        makeTable("names.stb", [](OdPsPlotStyleTable& table) { table.addNewStyle(L"Walls"); });
+
+    // Shows the editor, types a text into the second style's name, and presses the button of the
+    // test while the name has the focus, as its mnemonic does.
+    void rename(const wxString& name, DialogAnswers& answers,
+                const std::function<void(wxDialog*)>& afterwards)
+    {
+        answers.run(
+            [=](wxDialog* dialog)
+            {
+                find<wxNotebook>(*dialog, "NoteBook")->SetSelection(1);
+                wxListCtrl* list = find<wxListCtrl>(*dialog, "ListStyles");
+                wxTextCtrl* edit = list->EditLabel(1);
+                edit->SetValue(name);
+                edit->SetFocus();
+                ASSERT_TRUE(waitFor([edit] { return wxWindow::FindFocus() == edit; }));
+                click(*dialog, GetParam());
+                afterwards(dialog);
+            });
+    }
+};
+
+TEST_P(EndsOfEdits, TakeTheNewName)
+{
+    const std::string button = GetParam();
+    DialogAnswers answers;
+    rename("Cut walls", answers, [](wxDialog*) {});
+    if (button == "BtnOpen" || button == "wxID_CANCEL")
+        answers.press(wxID_YES);
+    if (button == "BtnOpen")
+        answers.press(wxID_CANCEL);
+    if (button == "BtnSaveAs")
+        answers.choose(file);
+    DlgPlotStyleEditor(file, "", nullptr).ShowModal();
+    EXPECT_EQ(loadTable(file)->styleAt(1)->name(), OdString(L"Cut walls"));
+}
+
+TEST_P(EndsOfEdits, WithARefusedNameStayOpen)
+{
+    if (GetParam() == std::string("wxID_CANCEL"))
+        GTEST_SKIP() << "who cancels does not want the name";
+    const std::string before = readBytes(file);
+    ErrorLog log;
+    DialogAnswers answers;
+    rename("a/b", answers,
+           [](wxDialog* dialog)
+           {
+               EXPECT_TRUE(dialog->IsModal());
+               EXPECT_EQ(find<wxListCtrl>(*dialog, "ListStyles")->GetItemText(1), "Walls");
+           });
+    DlgPlotStyleEditor(file, "", nullptr).ShowModal();
+    EXPECT_EQ(log.messages().size(), 1u);
+    EXPECT_EQ(answers.shown().size(), 1u) << "no file dialog came up";
+    EXPECT_EQ(readBytes(file), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, EndsOfEdits,
+                         testing::Values("wxID_OK", "BtnSaveAs", "BtnOpen", "wxID_CANCEL"));
 
 // --- Real tables ---------------------------------------------------------------------------
 

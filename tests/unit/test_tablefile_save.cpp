@@ -366,6 +366,29 @@ TEST(SaveNames, ColorsFollowARenamedStyle)
     EXPECT_EQ(lines.size(), 128u + 2u);
 }
 
+TEST(SaveNames, ColorsKeepANameThatAnotherStyleHasTaken)
+{
+    const OdPsPlotStyleTablePtr table = tableOfText(mappedTableText(kNames), "TTB");
+    table->deleteStyle(table->styleAt(2));
+    table->addNewStyle(L"Doors");
+    const std::string saved = textOf(*table);
+    EXPECT_NE(saved.find(" 0=\"Normal\n 1=\"Walls\n 2=\"Doors\n 3=\"Text\n"), std::string::npos);
+}
+
+TEST(SaveText, LinesBehindATextWithoutAFinalLineEndFollowOneAnother)
+{
+    std::string text = withoutKey(namedTableText(kNames), "scale_factor");
+    text.erase(text.find("custom_lineweight_table{"));
+    text = "description=\"ends without a line end\n" + text;
+    while (text.back() == '\n')
+        text.pop_back();
+    const OdPsPlotStyleTablePtr table = tableOfText(text, "STB");
+    table->setLineweightAt(0, 0.07);
+    const std::string saved = textOf(*table);
+    EXPECT_EQ(saved.find("\n\n"), std::string::npos) << saved;
+    EXPECT_EQ(tableOfText(saved, "STB")->lineweightAt(0), 0.07);
+}
+
 TEST(SaveNames, ColorsOfADeletedStyleFallBackToTheFirst)
 {
     const OdPsPlotStyleTablePtr table = tableOfText(mappedTableText(kNames), "TTB");
