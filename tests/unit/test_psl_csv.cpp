@@ -1,0 +1,154 @@
+// The export of a table as comma-separated text.
+
+#include "psl_csv.h"
+
+#include "cmdapi/cma.h"
+#include "odps/od_ps.h"
+#include "support/test_files.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/init.h>
+#include <wx/log.h>
+
+#include <vector>
+
+namespace
+{
+
+const char* const styleHeader =
+    ",Name,LocalizedName,Description,Color,ColorPolicy,PhysPenNum,VirtPenNum,Screening,"
+    "LinePatSize,LineType,Adaptive,LineWeight,FillStyle,EndStyle,JoinStyle";
+
+std::vector<wxString> linesOf(const OdPsPlotStyleTablePtr& table)
+{
+    const wxArrayString lines = csvLines(*table, "monochrome.ctb");
+    return {lines.begin(), lines.end()};
+}
+
+OdPsPlotStyleData everyFieldSet()
+{
+    OdPsPlotStyleData data;
+    data.color.setColor(0xC2010AFF);
+    data.colorPolicy = 5;
+    data.physicalPenNumber = 7;
+    data.virtualPenNumber = 200;
+    data.screening = 40;
+    data.linePatternSize = 0.25;
+    data.linetype = 3;
+    data.adaptiveLinetype = true;
+    data.lineweight = 1.0;
+    data.fillStyle = 66;
+    data.endStyle = 2;
+    data.joinStyle = 1;
+    return data;
+}
+
+class Export : public testing::Test
+{
+protected:
+    wxString path(const char* name) const { return wxString::FromUTF8((folder / name).string()); }
+
+    const wxInitializer toolkit;
+    const wxLogNull noMessages;
+    const support::TempFolder folder;
+    const OdPsPlotStyleTablePtr names = cma::createPlotStyleTable(false, L"");
+    const OdPsPlotStyleTablePtr colours = cma::createPlotStyleTable(true, L"");
+};
+
+} // namespace
+
+TEST_F(Export, OfANamedTableIsWrittenLineByLine)
+{
+    names->setDescription(L"Office, \"A1\" = größer");
+    names->setScaleFactor(2.5);
+    names->setApplyScaleFactor(true);
+    const OdPsPlotStylePtr style = names->addNewStyle(L"Walls");
+    style->setLocalizedName(L"Wände");
+    style->setDescription(L"cut, thick");
+    style->setData(everyFieldSet());
+
+    std::vector<wxString> expected{
+        "PLOTSTYLE_TABLE,,",
+        ",FileName,monochrome.ctb",
+        L",Description,Office, \"A1\" = größer",
+        ",ScaleFactor,2.500000",
+        ",ApplyFactor,1",
+        ",AciTableAvailable,0",
+        ",CustomLineWeightUnits,0",
+        ",,",
+        "STYLES,,",
+        styleHeader,
+        ",Normal,Normal,,C2FFFFFF,0,-1,-1,100,0,31,0,0,73,4,5",
+        L",Walls,Wände,cut, thick,C2010AFF,5,7,200,40,0.25,3,1,1,66,2,1",
+        ",,",
+        "LINE_WEIGHTS,,",
+    };
+    for (int i = 0; i < 27; ++i)
+        expected.push_back(wxString::Format(",%d,%.6f", i, names->lineweightAt(i)));
+    EXPECT_EQ(linesOf(names), expected);
+    EXPECT_EQ(expected.back(), ",26,2.110000");
+}
+
+TEST_F(Export, OfAColourDependentTableListsItsColours)
+{
+    const auto lines = linesOf(colours);
+    EXPECT_EQ(lines.size(), 8u + 1 + 255 + 1 + 2 + 255 + 1 + 1 + 27);
+    EXPECT_EQ(lines[5], ",AciTableAvailable,1");
+    EXPECT_EQ(lines[7], ",,");
+    EXPECT_EQ(lines[8], "ACI_TABLE,,");
+    EXPECT_EQ(lines[9], ",0,Color_1");
+    EXPECT_EQ(lines[263], ",254,Color_255");
+    EXPECT_EQ(lines[264], ",,");
+    EXPECT_EQ(lines[265], "STYLES,,");
+    EXPECT_EQ(lines[266], styleHeader);
+    EXPECT_EQ(lines[267], ",Color_1,Color_1,,C2FFFFFF,0,-1,-1,100,0,31,0,0,73,4,5");
+}
+
+TEST_F(Export, GivesMillimetresWhateverUnitIsShown)
+{
+    const auto inMillimetres = linesOf(names);
+    names->setDisplayCustomLineweightUnits(true);
+    auto inInches = linesOf(names);
+    EXPECT_EQ(inInches[6], ",CustomLineWeightUnits,1");
+    inInches[6] = inMillimetres[6];
+    EXPECT_EQ(inInches, inMillimetres);
+}
+
+TEST_F(Export, GivesLineweightsByTheirPosition)
+{
+    const std::pair<double, const char*> cases[] = {{-1.0, ",0,"}, {0.0, ",0,"}, {1.0, ",1,"},
+                                                    {2.4, ",2,"},  {2.6, ",3,"}, {27.0, ",27,"}};
+    for (const auto& [stored, shown] : cases)
+    {
+        OdPsPlotStyleData data;
+        data.lineweight = stored;
+        names->styleAt(0)->setData(data);
+        EXPECT_TRUE(linesOf(names)[10].EndsWith(wxString(shown) + "73,4,5")) << stored;
+    }
+}
+
+TEST_F(Export, IsWrittenAsUtf8WithoutAMarkAndReplacesTheFile)
+{
+    names->setDescription(L"größer");
+    support::writeFile(folder / "old.csv", std::string(10000, 'x'));
+    for (const char* name : {"new.csv", "old.csv"})
+    {
+        EXPECT_TRUE(exportCsv(*names, "a.stb", path(name)));
+        const std::string bytes = support::readFile(folder / name);
+        EXPECT_EQ(bytes.substr(0, 40), "PLOTSTYLE_TABLE,,\n,FileName,a.stb\n,Descr");
+        EXPECT_NE(bytes.find(",Description,größer\n"), std::string::npos);
+        EXPECT_EQ(bytes.back(), '\n');
+        EXPECT_EQ(bytes.find('\r'), std::string::npos);
+        EXPECT_TRUE(exportCsv(*names, "a.stb", path(name)));
+        EXPECT_EQ(support::readFile(folder / name), bytes) << "a second time";
+    }
+}
+
+TEST_F(Export, FailsWhereNoFileCanBe)
+{
+    EXPECT_FALSE(exportCsv(*names, "a.stb", path("missing/a.csv")));
+    std::filesystem::create_directory(folder / "folder.csv");
+    EXPECT_FALSE(exportCsv(*names, "a.stb", path("folder.csv")));
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "folder.csv"));
+}
