@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <wx/init.h>
-#include <wx/log.h>
 
 #include <vector>
 
@@ -50,7 +49,6 @@ protected:
     wxString path(const char* name) const { return wxString::FromUTF8((folder / name).string()); }
 
     const wxInitializer toolkit;
-    const wxLogNull noMessages;
     const support::TempFolder folder;
     const OdPsPlotStyleTablePtr names = cma::createPlotStyleTable(false, L"");
     const OdPsPlotStyleTablePtr colours = cma::createPlotStyleTable(true, L"");

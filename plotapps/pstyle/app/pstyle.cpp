@@ -172,7 +172,6 @@ int exportTable(const Options& options)
         return exitDone;
     }
     const wxString target = fullPath(options.file);
-    const wxLogNull ownMessageInstead;
     if (!exportCsv(*table, source.GetFullName(), target))
         return fail(exitFailed, "Failed to create or open file: " + target);
     return exitDone;

@@ -7,6 +7,7 @@
 #include "odps/od_ps.h"
 
 #include <wx/filename.h>
+#include <wx/log.h>
 #include <wx/textfile.h>
 
 namespace
@@ -80,6 +81,7 @@ wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName
 
 bool exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const wxString& path)
 {
+    const wxLogNull noMessages; // the caller reports
     wxTextFile file;
     const bool isOpen = wxFileName::FileExists(path) ? file.Open(path) : file.Create(path);
     if (!isOpen)
