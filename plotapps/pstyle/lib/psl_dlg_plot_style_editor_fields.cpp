@@ -62,12 +62,11 @@ OdCmEntityColor shownColor(std::uint32_t rgb)
 
 void showColor(wxg::ColorCombo* combo, const Gathered<std::uint32_t>& color)
 {
-    constexpr int blackEntry = 7;
     combo->setVaries(color.state == color.Differs);
     if (color.state != color.Same || color.value == objectColor)
-        combo->SetSelection(0);
+        combo->setColor(OdCmEntityColor());
     else if (color.value == 0)
-        combo->SetSelection(blackEntry);
+        combo->setColor(OdCmEntityColor(0, 0, 0));
     else
         combo->setColor(shownColor(color.value));
 }

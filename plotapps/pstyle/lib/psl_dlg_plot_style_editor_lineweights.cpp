@@ -10,8 +10,6 @@
 #include <wx/listctrl.h>
 #include <wx/log.h>
 
-#include <algorithm>
-
 namespace
 {
 
@@ -105,15 +103,20 @@ void DlgPlotStyleEditor::sortLineWeights()
     updateLineWeightUse(false);
     updateLineWeights(false);
 
-    const int count = std::min(static_cast<int>(newPosition.size()), lineWeightRows);
-    if (row >= 0 && row < count)
+    // A value may have come from behind the last row, or gone there.
+    const auto positionOf = [&newPosition](int old)
     {
-        const int newRow = newPosition[static_cast<size_t>(row)];
+        const auto i = static_cast<size_t>(old);
+        return i < newPosition.size() ? newPosition[i] : -1;
+    };
+    const int newRow = row >= 0 ? positionOf(row) : -1;
+    if (newRow >= 0 && newRow < lineWeightRows)
+    {
         list->SetItemState(newRow, selectedAndFocused, selectedAndFocused);
         list->EnsureVisible(newRow);
     }
-    if (entry > 0 && entry <= count)
-        combo->SetSelection(newPosition[static_cast<size_t>(entry - 1)] + 1);
+    if (entry > 0)
+        combo->setValue(positionOf(entry - 1) + 1);
     m_modified = true;
 }
 
