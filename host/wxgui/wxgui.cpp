@@ -45,3 +45,16 @@ void wxg::allowSpinText(wxSpinCtrl* spin)
     if (const auto setNumeric = gtkFunction<void(void*, int)>("gtk_spin_button_set_numeric"))
         setNumeric(spin->GetHandle(), 0);
 }
+
+bool wxg::isHandlingMousePress()
+{
+    constexpr int buttonPress = 4; // GDK_BUTTON_PRESS; every event begins with its type
+    const auto currentEvent = gtkFunction<int*()>("gtk_get_current_event");
+    const auto freeEvent = gtkFunction<void(int*)>("gdk_event_free");
+    int* event = currentEvent && freeEvent ? currentEvent() : nullptr;
+    if (!event)
+        return false;
+    const bool isPress = *event == buttonPress;
+    freeEvent(event);
+    return isPress;
+}

@@ -25,6 +25,10 @@ bool isDpiForLargeIcons();
 /// number.
 void allowSpinText(wxSpinCtrl* spin);
 
+/// Whether what happens now comes from a mouse button that was pressed, as the loss of the focus of
+/// the control that the user clicked away from.
+bool isHandlingMousePress();
+
 /// Where a dockable pane of the host stands until the user moves it.
 struct DockState
 {

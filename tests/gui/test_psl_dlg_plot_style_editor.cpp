@@ -20,6 +20,7 @@
 #include <wx/stattext.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
+#include <wx/uiaction.h>
 #include <wx/valgen.h>
 #include <wx/valtext.h>
 
@@ -1095,6 +1096,42 @@ TEST_P(EndsOfEdits, WithARefusedNameStayOpen)
 
 INSTANTIATE_TEST_SUITE_P(Buttons, EndsOfEdits,
                          testing::Values("wxID_OK", "BtnSaveAs", "BtnOpen", "wxID_CANCEL"));
+
+TEST_F(EditorTest, AClickThatEndsARefusedEditStaysOpen)
+{
+    const wxString file =
+        makeTable("names.stb", [](OdPsPlotStyleTable& table) { table.addNewStyle(L"Walls"); });
+    ErrorLog log;
+    DialogAnswers answers;
+    answers.run(
+        [&log](wxDialog* dialog)
+        {
+            find<wxNotebook>(*dialog, "NoteBook")->SetSelection(1);
+            wxTextCtrl* edit = find<wxListCtrl>(*dialog, "ListStyles")->EditLabel(1);
+            edit->SetValue("a/b");
+            edit->SetFocus();
+            wxWindow* ok = dialog->FindWindow(wxID_OK);
+            int clicks = 0;
+            ok->Bind(wxEVT_BUTTON,
+                     [&clicks](wxCommandEvent& event)
+                     {
+                         ++clicks;
+                         event.Skip();
+                     });
+            ASSERT_TRUE(waitFor([edit] { return wxWindow::FindFocus() == edit; }));
+            wxUIActionSimulator mouse;
+            const wxRect place = ok->GetScreenRect();
+            mouse.MouseMove(place.GetPosition() + place.GetSize() / 2);
+            mouse.MouseClick();
+            EXPECT_TRUE(waitFor([&clicks] { return clicks == 1; }));
+            EXPECT_EQ(log.messages().size(), 1u);
+            EXPECT_TRUE(dialog->IsModal()) << "the refusal holds the dialog open";
+            mouse.MouseClick();
+            EXPECT_TRUE(waitFor([dialog] { return !dialog->IsModal(); })) << "the next click";
+        });
+    DlgPlotStyleEditor(file, "", nullptr).ShowModal();
+    EXPECT_EQ(loadTable(file)->styleAt(1)->name(), OdString(L"Walls"));
+}
 
 // --- Real tables ---------------------------------------------------------------------------
 

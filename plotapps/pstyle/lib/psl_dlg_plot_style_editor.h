@@ -160,8 +160,10 @@ private:
     LineWeightUse m_lineWeightUse{};
     /// The edit control whose label was refused last, while its edit goes on.
     const void* m_vetoedEdit = nullptr;
-    /// A label was refused while the current event is handled.
-    bool m_editRefused = false;
+    /// How many new labels have been refused.
+    int m_refusedEdits = 0;
+    /// The click that is being handled ended an edit whose label was refused.
+    bool m_refusedByClick = false;
 
     wxDECLARE_CLASS(DlgPlotStyleEditor);
     wxDECLARE_EVENT_TABLE();

@@ -7,6 +7,7 @@
 
 #include "cmdapi/cma.h"
 #include "psl_csv.h"
+#include "wxgui/wxgui.h"
 
 #include <wx/button.h>
 #include <wx/filedlg.h>
@@ -117,6 +118,7 @@ bool DlgPlotStyleEditor::checkSave()
 // that the user sees why and can mend it.
 bool DlgPlotStyleEditor::commitPendingEdit()
 {
+    const int refusalsBefore = m_refusedEdits;
     // The control may be gone with the end of its edit.
     const wxWeakRef<wxWindow> focused(FindFocus());
     if (focused && IsDescendant(focused))
@@ -125,16 +127,19 @@ bool DlgPlotStyleEditor::commitPendingEdit()
         if (focused)
             focused->SetFocus();
     }
-    return !m_editRefused;
+    return m_refusedEdits == refusalsBefore && !m_refusedByClick;
 }
 
-// A click on a button ends an edit first and reaches the button's handler at once; whatever the
-// user does later is no answer to the refusal any more.
+// A click on a button ends an edit first and reaches the button's handler at once. Whatever the
+// user does later has nothing to do with the refusal any more.
 void DlgPlotStyleEditor::refuseEdit(wxListEvent& event)
 {
     event.Veto();
-    m_editRefused = true;
-    CallAfter([this] { m_editRefused = false; });
+    ++m_refusedEdits;
+    if (!wxg::isHandlingMousePress())
+        return;
+    m_refusedByClick = true;
+    CallAfter([this] { m_refusedByClick = false; });
 }
 
 bool DlgPlotStyleEditor::isCtb() const
