@@ -50,6 +50,18 @@ void VariesCombo::onCharHook(wxKeyEvent& event)
         event.Skip();
 }
 
+// The toolkit takes a letter for the beginning of an entry's text even with Alt, where it is a
+// mnemonic of the dialog.
+bool VariesCombo::ProcessEvent(wxEvent& event)
+{
+    const auto* key = dynamic_cast<wxKeyEvent*>(&event);
+    const bool isMnemonic = key && key->AltDown() && key->GetKeyCode() < WXK_START;
+    if (isMnemonic &&
+        (event.GetEventType() == wxEVT_KEY_DOWN || event.GetEventType() == wxEVT_CHAR))
+        return false;
+    return wxOwnerDrawnComboBox::ProcessEvent(event);
+}
+
 // A field without a selected entry is drawn by the background alone.
 void VariesCombo::OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int flags) const
 {

@@ -28,6 +28,8 @@ protected:
     virtual wxSize pictureSize() const = 0;
     virtual bool showsText() const { return true; }
 
+    bool ProcessEvent(wxEvent& event) override;
+
 private:
     void OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) const override;
     void OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int flags) const override;

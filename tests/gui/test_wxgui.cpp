@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <wx/app.h>
+#include <wx/button.h>
 #include <wx/combobox.h>
 #include <wx/frame.h>
 #include <wx/image.h>
@@ -231,6 +232,21 @@ TEST_F(ImageCombos, IsOperatedByArrowKeysAndTypedLetters)
     press(combo, 'b');
     EXPECT_TRUE(waitFor([this] { return combo->value() == 5; }));
     EXPECT_EQ(picks, 2);
+}
+
+TEST_F(ImageCombos, LeavesMnemonicsToTheDialog)
+{
+    auto* button = new wxButton(panel, wxID_ANY, "&Blue", wxPoint(10, 100));
+    int clicks = 0;
+    button->Bind(wxEVT_BUTTON, [&clicks](wxCommandEvent&) { ++clicks; });
+    show();
+    combo->setValue(31);
+    combo->SetFocus();
+    wxUIActionSimulator simulator;
+    simulator.MouseMove(combo->GetScreenPosition() + wxPoint(20, 10));
+    simulator.Char('B', wxMOD_ALT);
+    EXPECT_TRUE(waitFor([&clicks] { return clicks == 1; }));
+    EXPECT_EQ(combo->value(), 31) << "no entry is picked";
 }
 
 TEST_F(ImageCombos, APickEndsTheVariesState)
