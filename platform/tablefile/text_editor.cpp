@@ -55,6 +55,22 @@ bool wasSet(const OdPsPlotStyle& style)
     return !own || own->wasSet();
 }
 
+/// Whether a key of a style needs a line or another value on its line. Where the text lacks one of
+/// the two names, the other stands in for it, so a change of either may call for the missing one.
+bool needsLine(StyleKey key, const StyleFields& fields, const StyleValues& original,
+               const StyleValues& now)
+{
+    const bool isName = key == StyleKey::Name || key == StyleKey::LocalizedName;
+    if (!isName || fields.value(key))
+        return differs(key, original, now);
+    const bool isRenamed =
+        differs(StyleKey::Name, original, now) || differs(StyleKey::LocalizedName, original, now);
+    const bool hasNeither = !fields.value(StyleKey::Name) && !fields.value(StyleKey::LocalizedName);
+    const bool isStoodInFor =
+        now.texts.name == now.texts.localizedName && !(hasNeither && key == StyleKey::Name);
+    return isRenamed && !isStoodInFor;
+}
+
 /// Collects the edits that turn an origin's text into that of the table as it is now.
 class TableEditor
 {
@@ -235,7 +251,7 @@ void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group,
     for (std::size_t i = 0; i < kStyleKeys.size(); ++i)
     {
         const auto key = static_cast<StyleKey>(i);
-        if (differs(key, original, now))
+        if (needsLine(key, fields, original, now))
             setValue(edits, kStyleKeys, fields.values, i, writeStyleValue(key, now), first,
                      kStyleIndent);
     }

@@ -41,16 +41,14 @@ public:
     /// Goes to the next line. @return false at the end of the text
     bool next();
 
-    /// Passes over a line if it is the next one, which is much cheaper than taking it apart.
-    /// @param line with its end; the empty one never is the next
-    /// @return whether it was
-    bool pass(std::string_view line)
+    /// Passes over some lines if they come next, which is much cheaper than taking them apart.
+    /// @param lines with their ends
+    /// @return whether they came
+    bool pass(std::string_view lines)
     {
-        if (line.empty() || m_text.compare(m_next, line.size(), line) != 0)
-            return false;
-        m_begin = static_cast<std::uint32_t>(m_next);
-        m_next += line.size();
-        return true;
+        const bool comeNext = m_text.compare(m_next, lines.size(), lines) == 0;
+        m_next += comeNext ? lines.size() : 0;
+        return comeNext;
     }
 
     Kind kind() const noexcept { return m_kind; }
@@ -58,8 +56,6 @@ public:
     std::string_view key() const noexcept { return m_key; }
     /// What follows the `=`, without the line's end.
     Span value() const noexcept { return m_value; }
-    /// The line with its end.
-    std::string_view line() const { return m_text.substr(m_begin, m_next - m_begin); }
     /// Where the line begins.
     std::uint32_t begin() const noexcept { return m_begin; }
     /// Where the next line begins.

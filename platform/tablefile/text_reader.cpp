@@ -121,6 +121,13 @@ void copyStyleValue(StyleKey key, const OdPsPlotStyleData& from, OdPsPlotStyleDa
         to.lineweight = from.lineweight;
 }
 
+/// The value that decides the colour of a style.
+Span colorValue(const StyleFields& fields)
+{
+    const Span modeColor = fields.value(StyleKey::ModeColor);
+    return modeColor ? modeColor : fields.value(StyleKey::Color);
+}
+
 bool isNameless(const OdPsPlotStyle& style)
 {
     const auto& own = static_cast<const OdPsPlotStyleImpl&>(style);
@@ -347,47 +354,67 @@ StyleFields StyleReader::read(LineCursor& lines)
 {
     StyleFields fields;
     std::size_t expected = 0;
-    passKnownLines(lines, fields, expected);
     for (nextLine(lines); lines.kind() != Kind::Close; nextLine(lines))
     {
         if (lines.kind() == Kind::Open)
             skipGroup(lines);
-        else if (lines.kind() == Kind::Value)
-            readLine(lines, fields, expected);
-        passKnownLines(lines, fields, expected);
+        const std::size_t key = lines.kind() == Kind::Value
+                                    ? findKey(kStyleKeys, lines.key(), expected)
+                                    : kStyleKeys.size();
+        if (key == kStyleKeys.size())
+            continue;
+        expected = key + 1;
+        // The first of several lines of a key counts.
+        fields.hasRepeats = fields.hasRepeats || fields.values[key];
+        if (fields.values[key])
+            continue;
+        fields.values[key] = lines.value();
+        readStyleValue(m_text, static_cast<StyleKey>(key), lines.value(), fields.data);
+        if (passRest(lines, key, fields))
+            break;
     }
-    const Span color = fields.value(StyleKey::Color);
-    const Span modeColor = fields.value(StyleKey::ModeColor);
-    if (color || modeColor)
-        fields.data.color = colorOf(colorAt(m_text, modeColor ? modeColor : color));
+    fields.data.color = readColor(fields);
+    m_last = fields;
+    m_lastEnd = lines.end();
     return fields;
 }
 
-void StyleReader::passKnownLines(LineCursor& lines, StyleFields& fields, std::size_t& expected)
+/// Passes over the rest of the group when the style before ended in the same lines.
+/// @param key of the line that has just been read
+bool StyleReader::passRest(LineCursor& lines, std::size_t key, StyleFields& fields) const
 {
-    for (; expected < m_known.size() && !fields.values[expected]; ++expected)
+    const Span last = m_last.values[key];
+    if (!last || m_last.hasRepeats)
+        return false;
+    const auto begin = static_cast<std::uint32_t>(m_text.find('\n', last.end) + 1);
+    const std::uint32_t distance = lines.end() - begin;
+    if (!lines.pass(Span{begin, m_lastEnd}.in(m_text)))
+        return false;
+    OdPsPlotStyleData data = m_last.data;
+    for (std::size_t i = 0; i < fields.values.size(); ++i)
     {
-        const KnownLine& known = m_known[expected];
-        if (!lines.pass(known.line))
-            return;
-        fields.values[expected] = {lines.begin() + known.value.begin,
-                                   lines.begin() + known.value.end};
-        copyStyleValue(static_cast<StyleKey>(expected), m_knownData, fields.data);
+        const Span value = m_last.values[i];
+        const bool isInRest = value.begin >= begin;
+        fields.hasRepeats = fields.hasRepeats || (isInRest && fields.values[i]);
+        if (isInRest && !fields.values[i])
+            fields.values[i] = {value.begin + distance, value.end + distance};
+        else
+            copyStyleValue(static_cast<StyleKey>(i), fields.data, data);
     }
+    fields.data = data;
+    return true;
 }
 
-/// Reads a value that is not the known one. The first of several lines of a key counts.
-void StyleReader::readLine(const LineCursor& lines, StyleFields& fields, std::size_t& expected)
+/// Reads the colour that a group gives. Runs of styles have the same one.
+OdCmEntityColor StyleReader::readColor(const StyleFields& fields) const
 {
-    const std::size_t key = findKey(kStyleKeys, lines.key(), expected);
-    if (key == kStyleKeys.size() || fields.values[key])
-        return;
-    expected = key + 1;
-    const Span value = lines.value();
-    fields.values[key] = value;
-    readStyleValue(m_text, static_cast<StyleKey>(key), value, fields.data);
-    m_known[key] = {lines.line(), {value.begin - lines.begin(), value.end - lines.begin()}};
-    copyStyleValue(static_cast<StyleKey>(key), fields.data, m_knownData);
+    const Span color = colorValue(fields);
+    const Span last = colorValue(m_last);
+    if (!color)
+        return {};
+    if (last && last.in(m_text) == color.in(m_text))
+        return m_last.data.color;
+    return colorOf(colorAt(m_text, color));
 }
 
 void readStyleTexts(std::string_view text, const StyleFields& fields, StyleTexts& texts)
@@ -395,7 +422,10 @@ void readStyleTexts(std::string_view text, const StyleFields& fields, StyleTexts
     const Span name = fields.value(StyleKey::Name);
     const Span localized = fields.value(StyleKey::LocalizedName);
     decodeText(text, name ? name : localized, texts.name);
-    decodeText(text, localized ? localized : name, texts.localizedName);
+    if (!localized || localized.in(text) == name.in(text))
+        texts.localizedName = texts.name;
+    else
+        decodeText(text, localized, texts.localizedName);
     decodeText(text, fields.value(StyleKey::Description), texts.description);
 }
 

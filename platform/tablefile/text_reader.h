@@ -49,12 +49,13 @@ struct StyleFields
 {
     std::array<Span, kStyleKeys.size()> values; ///< no span where a key is missing
     OdPsPlotStyleData data;
+    bool hasRepeats = false; ///< whether there are lines that do not count, of a key seen before
 
     Span value(StyleKey key) const { return values[indexOf(key)]; }
 };
 
-/// Reads style groups. Most lines of a style repeat the line of the style before it; the reader
-/// remembers those, and takes over their values without reading them again.
+/// Reads style groups. Most styles end in the same lines as the style before them; the reader
+/// remembers that one, and takes over the values of those lines without reading them again.
 class StyleReader
 {
 public:
@@ -68,18 +69,12 @@ public:
     StyleFields read(LineCursor& lines);
 
 private:
-    struct KnownLine
-    {
-        std::string_view line;
-        Span value; ///< relative to the line
-    };
-
-    void passKnownLines(LineCursor& lines, StyleFields& fields, std::size_t& expected);
-    void readLine(const LineCursor& lines, StyleFields& fields, std::size_t& expected);
+    bool passRest(LineCursor& lines, std::size_t key, StyleFields& fields) const;
+    OdCmEntityColor readColor(const StyleFields& fields) const;
 
     std::string_view m_text;
-    std::array<KnownLine, kStyleKeys.size()> m_known; ///< the last line of each key
-    OdPsPlotStyleData m_knownData;                    ///< with the values of those lines
+    StyleFields m_last;          ///< the style that was read last
+    std::uint32_t m_lastEnd = 0; ///< where its closing line ends
 };
 
 /// The texts of a style.

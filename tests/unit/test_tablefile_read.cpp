@@ -176,6 +176,27 @@ TEST(ReadText, RepeatedAndChangedLinesOfStyles)
     EXPECT_EQ(table->styleAt(3)->localizedName(), OdString(L"d"));
 }
 
+TEST(ReadText, StylesThatEndAlikeButBeginDifferently)
+{
+    const std::string rest = "  screen=60\n  end_style=1\n }\n";
+    std::string text = "plot_style{\n";
+    text += " 0{\n  name=\"a\n  linetype=3\n" + rest;
+    text += " 1{\n  screen=50\n  name=\"b\n  linetype=4\n  linetype=3\n" + rest; // repeats
+    text += " 2{\n  name=\"c\n  linetype=3\n" + rest;
+    text += " 3{\n  screen=50\n  linetype=3\n" + rest; // the rest repeats what is there
+    text += " 4{\n  linetype=3\n" + rest;
+    const OdPsPlotStyleTablePtr table = tableOfText(text + "}\n", "STB");
+    ASSERT_EQ(table->styleCount(), 5);
+    const int kScreens[] = {60, 50, 60, 50, 60};
+    const int kLinetypes[] = {3, 4, 3, 3, 3};
+    for (int i = 0; i < 5; ++i)
+    {
+        EXPECT_EQ(dataOf(*table, i).screening, kScreens[i]) << i;
+        EXPECT_EQ(dataOf(*table, i).linetype, kLinetypes[i]) << i;
+        EXPECT_EQ(dataOf(*table, i).endStyle, 1) << i;
+    }
+}
+
 TEST(ReadText, RealsInEveryNotation)
 {
     const auto factor = [](const std::string& value) {

@@ -204,7 +204,7 @@ TEST(SaveChanged, MissingKeysComeBehindTheirNeighbours)
     bare->styleAt(0)->setName(L"n");
     changeData(*bare, 0, [](Data& d) { d.screening = 5; });
     EXPECT_EQ(textOf(*bare), "description=\"d\r\nscale_factor=2.0\r\nplot_style{\r\n 0{\r\n"
-                             "  name=\"n\r\n  screen=5\r\n }\r\n}");
+                             "  name=\"n\r\n  localized_name=\"\r\n  screen=5\r\n }\r\n}");
 }
 
 TEST(SaveChanged, MissingLineweights)
@@ -350,6 +350,33 @@ TEST(SaveNames, ARenameChangesTheTwoNames)
                                    });
     EXPECT_EQ(lines, (Lines{"  name=\"Walls ->   name=\"Outer walls",
                             "  localized_name=\"Walls ->   localized_name=\"Outer walls"}));
+}
+
+TEST(SaveNames, AMissingNameIsWrittenWhenItIsNoLongerTheOther)
+{
+    const std::string start = "plot_style{\n 0{\n";
+    const std::string end = " }\n}\n";
+    const auto savedAfter = [&](const std::string& lines, const wchar_t* name, const wchar_t* local)
+    {
+        const OdPsPlotStyleTablePtr table = tableOfText(start + lines + end, "STB");
+        table->styleAt(0)->setName(name);
+        table->styleAt(0)->setLocalizedName(local);
+        const std::string saved = textOf(*table);
+        const OdPsPlotStyleTablePtr again = tableOfText(saved, "STB");
+        EXPECT_EQ(again->styleAt(0)->name(), OdString(name));
+        EXPECT_EQ(again->styleAt(0)->localizedName(), OdString(local));
+        return saved.substr(start.size(), saved.size() - start.size() - end.size());
+    };
+    const std::string name = "  name=\"a\xE4\n";
+    const std::string local = "  localized_name=\"a\xE4\n";
+    EXPECT_EQ(savedAfter(name, L"b", L"b"), "  name=\"b\n");
+    EXPECT_EQ(savedAfter(name, L"b", L"a\u00E4"), "  name=\"b\n  localized_name=\"a\xC3\xA4\n");
+    EXPECT_EQ(savedAfter(name, L"a\u00E4", L"b"), name + "  localized_name=\"b\n");
+    EXPECT_EQ(savedAfter(local, L"b", L"b"), "  localized_name=\"b\n");
+    EXPECT_EQ(savedAfter(local, L"b", L"a\u00E4"), "  name=\"b\n" + local);
+    EXPECT_EQ(savedAfter("", L"b", L"b"), "  name=\"b\n");
+    EXPECT_EQ(savedAfter("", L"", L"b"), "  name=\"\n  localized_name=\"b\n");
+    EXPECT_EQ(savedAfter("", L"", L""), "");
 }
 
 TEST(SaveNames, ColorsFollowARenamedStyle)
