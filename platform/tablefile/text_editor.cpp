@@ -108,9 +108,10 @@ private:
     void editStyles();
     void editStyleNames();
 
-    StyleValues originalValues(const StyleGroup& group, const StyleFields& fields) const;
+    StyleValues originalValues(const StyleFields& fields, std::size_t position) const;
     StyleFields fieldsOf(const StyleGroup& group);
-    void editStyle(std::vector<Edit>& edits, const StyleGroup& group, const OdPsPlotStyle& style);
+    void editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
+                   const OdPsPlotStyle& style);
     bool isDefaultColorStyle(std::size_t position) const;
     bool hasChangedFillers() const;
     std::vector<PlacedStyle> placedStyles() const;
@@ -231,21 +232,23 @@ StyleFields TableEditor::fieldsOf(const StyleGroup& group)
     return m_reader.read(lines);
 }
 
-StyleValues TableEditor::originalValues(const StyleGroup& group, const StyleFields& fields) const
+/// The values that the text gives a style. @param position that the style has in the table, after
+/// which a colour's style without a name is named
+StyleValues TableEditor::originalValues(const StyleFields& fields, std::size_t position) const
 {
     StyleValues values{{}, fields.data};
     readStyleTexts(m_text, fields, values.texts);
     if (m_table.isColorDependent())
-        nameColorStyle(values.texts, group.position);
+        nameColorStyle(values.texts, position);
     makeStorable(values.texts);
     return values;
 }
 
-void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group,
+void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
                             const OdPsPlotStyle& style)
 {
     const StyleFields fields = fieldsOf(group);
-    const StyleValues original = originalValues(group, fields);
+    const StyleValues original = originalValues(fields, position);
     const StyleValues now = valuesOf(style);
     const std::uint32_t first = lineEnd(m_text, group.span.begin);
     for (std::size_t i = 0; i < kStyleKeys.size(); ++i)
@@ -289,7 +292,7 @@ void TableEditor::editStyles()
     {
         const OdPsPlotStyle& style = *m_styles[group.position];
         if (wasSet(style))
-            editStyle(m_edits, group, style);
+            editStyle(m_edits, group, group.position, style);
     }
 }
 
@@ -346,8 +349,10 @@ std::string TableEditor::styleText(const PlacedStyle& placed)
         replace(edits, {static_cast<std::uint32_t>(digits), static_cast<std::uint32_t>(brace)},
                 std::to_string(placed.number));
     }
-    if (wasSet(*placed.style))
-        editStyle(edits, *placed.group, *placed.style);
+    const std::size_t position = m_sameStyles ? placed.group->position : placed.number;
+    const bool mayNeedAName = m_table.isColorDependent() && position != placed.group->position;
+    if (wasSet(*placed.style) || mayNeedAName)
+        editStyle(edits, *placed.group, position, *placed.style);
     return edited(m_text, span, std::move(edits));
 }
 
@@ -388,7 +393,7 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
         if (!isDeleted && !wasSet(style))
             continue;
         const OdString now = isDeleted ? m_styles.front()->name() : style.name();
-        const std::wstring original = originalValues(group, fieldsOf(group)).texts.name;
+        const std::wstring original = originalValues(fieldsOf(group), group.position).texts.name;
         // Another style may have taken the place of a deleted one under its name.
         if (isDeleted && presentNames.count(original) > 0)
             continue;

@@ -13,7 +13,7 @@ namespace
 {
 
 constexpr std::size_t kHeaderSize = 60;
-constexpr std::size_t kMostText = std::size_t{32} << 20;
+constexpr std::size_t kMostText = std::size_t{64} << 20;
 
 void appendNumber(std::string& bytes, std::uint64_t number, int size)
 {
@@ -80,10 +80,16 @@ std::string unpack(std::string_view file)
     const std::string_view stream = file.substr(kHeaderSize);
     const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> decompressor(
         libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
-    std::string text(kMostText, '\0');
+    std::string text;
     std::size_t size = 0;
-    const libdeflate_result result = libdeflate_zlib_decompress(
-        decompressor.get(), stream.data(), stream.size(), text.data(), text.size(), &size);
+    libdeflate_result result = LIBDEFLATE_INSUFFICIENT_SPACE;
+    for (std::size_t room = 64 * 1024; result == LIBDEFLATE_INSUFFICIENT_SPACE && room <= kMostText;
+         room *= 4)
+    {
+        text.resize(room);
+        result = libdeflate_zlib_decompress(decompressor.get(), stream.data(), stream.size(),
+                                            text.data(), text.size(), &size);
+    }
     EXPECT_EQ(result, LIBDEFLATE_SUCCESS);
     text.resize(size);
     if (!text.empty() && text.back() == '\0')

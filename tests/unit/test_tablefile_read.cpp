@@ -1,10 +1,9 @@
 // Tests of reading table files: every variant that files come in.
 
+#include "support/comma_locale.h"
 #include "support/tables.h"
 
 #include <gtest/gtest.h>
-
-#include <locale>
 
 using namespace support;
 
@@ -213,20 +212,13 @@ TEST(ReadText, RealsInEveryNotation)
 
 TEST(ReadText, NothingDependsOnTheLocale)
 {
-    struct Comma : std::numpunct<char>
-    {
-        char do_decimal_point() const override { return ','; }
-        char do_thousands_sep() const override { return '.'; }
-        std::string do_grouping() const override { return "\3"; }
-    };
-    const std::locale before = std::locale::global(std::locale(std::locale(), new Comma));
+    const CommaLocale comma;
     const OdPsPlotStyleTablePtr table =
         tableOfText(replaced(colorTableText(), "factor=1.0", "factor=1234.5"));
     EXPECT_EQ(table->scaleFactor(), 1234.5);
     table->setScaleFactor(54321.25);
     changeData(*table, 0, [](OdPsPlotStyleData& data) { data.screening = 1000; });
     const std::string text = textOf(*table);
-    std::locale::global(before);
     EXPECT_NE(text.find("scale_factor=54321.25\n"), std::string::npos);
     EXPECT_NE(text.find("screen=1000\n"), std::string::npos);
 }

@@ -340,6 +340,19 @@ TEST(SaveStyles, AddedBeyondTheColorsIsWritten)
     EXPECT_EQ(tableOfText(textOf(*table))->styleCount(), 256);
 }
 
+TEST(SaveStyles, AColorsStyleWithoutANameKeepsTheOneItHasWhenItMoves)
+{
+    std::string text = withoutKey(withoutKey(colorTableText(), "name"), "localized_name");
+    const OdPsPlotStyleTablePtr table = tableOfText(text);
+    moveStyle(*table, 4, 2);
+    const OdPsPlotStyleTablePtr again = tableOfText(textOf(*table));
+    EXPECT_EQ(again->styleAt(2)->name(), OdString(L"Color_5"));
+    EXPECT_EQ(again->styleAt(3)->localizedName(), OdString(L"Color_3"));
+    EXPECT_EQ(again->styleAt(5)->name(), OdString(L"Color_6"));
+    moveStyle(*table, 2, 4);
+    EXPECT_EQ(textOf(*table), text);
+}
+
 TEST(SaveNames, ARenameChangesTheTwoNames)
 {
     const Lines lines = linesAfter(namedTableText(kNames), "STB",
