@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -87,6 +88,18 @@ public:
 private:
     std::string m_path;
 };
+
+/// Refuses a write that could not end well. A file that its owner has made read-only is not
+/// replaced, although the folder would allow it; and the system may end a program without a word
+/// that writes more into a file than it is allowed to.
+void checkWritable(const fs::path& target, bool exists, std::size_t size)
+{
+    if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+        failWrite("replace", errno);
+    struct rlimit limit = {};
+    if (::getrlimit(RLIMIT_FSIZE, &limit) == 0 && size > limit.rlim_cur)
+        failWrite("write", EFBIG);
+}
 
 /// Reads until the buffer is full or the file ends. @return the number of bytes
 std::size_t readAll(int descriptor, char* data, std::size_t size)
@@ -197,6 +210,7 @@ void replaceFile(const std::string& path, std::string_view bytes)
     const bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && !S_ISREG(old.st_mode))
         failWrite("replace", EISDIR);
+    checkWritable(target, exists, bytes.size());
 
     std::string temporaryPath;
     // Nobody who may not read the old file may read the new one, not even for a moment.

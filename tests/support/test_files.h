@@ -4,6 +4,7 @@
 #define SUPPORT_TEST_FILES_H
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,9 @@ std::string readFile(const std::filesystem::path& path);
 void writeFile(const std::filesystem::path& path, std::string_view bytes);
 /// The names of what is in a folder, sorted.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
+
+/// Does something in a process of its own. @return what it returns, or -1 when a signal ended it
+int inProcess(const std::function<int()>& work);
 
 /// The tables in the folder that PSTYLE_REAL_TABLES names; empty when it is not set.
 std::vector<std::filesystem::path> realTables();

@@ -5,10 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <cstdio>
+#include <fstream>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace support;
@@ -46,6 +48,39 @@ bool isChangedTable(const fs::path& path)
 
 using tablefile::Status;
 
+/// What a process of its own reports.
+constexpr int kDone = 0;
+constexpr int kFailed = 1;
+constexpr int kNotPossible = 2;
+
+/// Saves where that must fail. @return kDone when it did, with the expected reason
+int failsToSave(const fs::path& path, const char* why)
+{
+    const tablefile::Error error = tablefile::save(path.string(), *changedTable());
+    const bool isExpected = error.status == Status::CannotWrite && error.what == why;
+    if (!isExpected)
+        std::fprintf(stderr, "the reason was \"%s\"\n", error.what.c_str());
+    return isExpected ? kDone : kFailed;
+}
+
+void openToAll(const TempFolder& folder)
+{
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);
+}
+
+/// Does something as a user whom permissions bind, in a process of its own.
+int asOrdinaryUser(const std::function<int()>& work)
+{
+    constexpr uid_t kNobody = 65534;
+    return inProcess(
+        [&work]
+        {
+            const bool isBound =
+                ::geteuid() != 0 || (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
+            return isBound ? work() : kFailed;
+        });
+}
+
 } // namespace
 
 TEST(Disk, SavesAndLoads)
@@ -71,7 +106,7 @@ TEST(Disk, UnchangedTableIsTheSameFile)
 TEST(Disk, KeepsThePermissionsOfTheOldFile)
 {
     const TempFolder folder;
-    for (const mode_t mode : {0600u, 0640u, 0664u, 0755u, 0444u})
+    for (const mode_t mode : {0600u, 0640u, 0664u, 0755u})
     {
         const fs::path path = folder / "a.ctb";
         fs::remove(path);
@@ -172,27 +207,92 @@ TEST(Disk, ATableThatCannotBeStoredLeavesTheFileAlone)
     EXPECT_EQ(namesIn(folder.path()).size(), 1u);
 }
 
-TEST(Disk, AFullDiskLeavesTheFileAlone)
+TEST(Disk, ALinkIntoAFolderThatIsGone)
+{
+    const TempFolder folder;
+    fs::create_symlink("vanished/a.ctb", folder / "a.ctb");
+    EXPECT_EQ(save(folder / "a.ctb"), Status::CannotWrite);
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"a.ctb"});
+}
+
+TEST(Disk, ATableWhoseFolderHasVanished)
+{
+    const TempFolder folder;
+    fs::create_directory(folder / "tables");
+    const fs::path path = folder / "tables/a.ctb";
+    ASSERT_EQ(save(path), Status::Ok);
+    const OdPsPlotStyleTablePtr table = tablefile::load(path.string()).table;
+    fs::remove_all(folder / "tables");
+    EXPECT_EQ(tablefile::save(path.string(), *table).status, Status::CannotWrite);
+    EXPECT_TRUE(namesIn(folder.path()).empty());
+}
+
+TEST(Disk, AReadOnlyFileIsNotReplaced)
 {
     const TempFolder folder;
     const fs::path path = folder / "a.ctb";
     writeFile(path, "old");
-    const pid_t child = ::fork();
-    if (child == 0)
-    {
-        // A file may not grow beyond some bytes: a write fails half way, as on a full disk.
-        constexpr rlim_t kMostBytes = 1000;
-        const struct rlimit limit = {kMostBytes, kMostBytes};
-        ::signal(SIGXFSZ, SIG_IGN);
-        const bool failed =
-            ::setrlimit(RLIMIT_FSIZE, &limit) == 0 &&
-            tablefile::save(path.string(), *changedTable()).status == Status::CannotWrite;
-        ::_exit(failed ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+    openToAll(folder);
+    EXPECT_EQ(asOrdinaryUser([&path] { return failsToSave(path, "replace: Permission denied"); }),
+              kDone);
     EXPECT_EQ(readFile(path), "old");
     EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"a.ctb"});
+}
+
+TEST(Disk, AFolderWithoutWritePermission)
+{
+    const TempFolder folder;
+    const fs::path path = folder / "a.ctb";
+    writeFile(path, "old");
+    ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
+    const int result =
+        asOrdinaryUser([&path] { return failsToSave(path, "create: Permission denied"); });
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0700), 0);
+    EXPECT_EQ(result, kDone);
+    EXPECT_EQ(readFile(path), "old");
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"a.ctb"});
+}
+
+TEST(Disk, AFileSizeLimit)
+{
+    const TempFolder folder;
+    const fs::path path = folder / "a.ctb";
+    writeFile(path, "old");
+    const auto saveWithLimit = [&path]
+    {
+        // The signal that a write beyond the limit raises would end the process.
+        constexpr rlim_t kMostBytes = 1000;
+        const struct rlimit limit = {kMostBytes, kMostBytes};
+        return ::setrlimit(RLIMIT_FSIZE, &limit) == 0 ? failsToSave(path, "write: File too large")
+                                                      : kNotPossible;
+    };
+    EXPECT_EQ(inProcess(saveWithLimit), kDone);
+    EXPECT_EQ(readFile(path), "old");
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"a.ctb"});
+}
+
+TEST(Disk, AFullDisk)
+{
+    const TempFolder folder;
+    const fs::path path = folder / "a.ctb";
+    const auto saveOnAFullDisk = [&]
+    {
+        // A disk that only this process sees, with room for some pages.
+        if (::unshare(CLONE_NEWNS) != 0 ||
+            ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            ::mount("none", folder.path().c_str(), "tmpfs", 0, "size=16k") != 0)
+            return kNotPossible;
+        writeFile(path, "old");
+        writeFile(folder / "filler", std::string(12 * 1024 - 1, 'x'));
+        std::ofstream(folder / "more") << std::string(64 * 1024, 'x');
+        const int result = failsToSave(path, "write: No space left on device");
+        const bool isAsItWas = readFile(path) == "old" && namesIn(folder.path()).size() == 3;
+        return isAsItWas ? result : kFailed;
+    };
+    const int result = inProcess(saveOnAFullDisk);
+    if (result == kNotPossible)
+        GTEST_SKIP() << "only a privileged user may make a small disk";
+    EXPECT_EQ(result, kDone);
 }

@@ -33,16 +33,28 @@ tablefile::Status statusOfFile(const std::filesystem::path& path)
     return result.error.status;
 }
 
-/// What a process of its own took at most while it loaded a file, in MiB.
-double peakMemoryOfLoading(const std::filesystem::path& path)
+/// What loading a file took in a process of its own, in MiB.
+struct Memory
+{
+    double peak = 0;  ///< of the whole process
+    double model = 0; ///< of the styles
+};
+
+Memory memoryOfLoading(const std::filesystem::path& path)
 {
     const std::string command = std::string(LOAD_TABLE) + " '" + path.string() + "'";
     FILE* const output = ::popen(command.c_str(), "r");
-    long kib = -1;
-    EXPECT_EQ(std::fscanf(output, "%ld", &kib), 1);
+    long peak = -1;
+    long model = -1;
+    EXPECT_EQ(std::fscanf(output, "%ld %ld", &peak, &model), 2);
     EXPECT_EQ(::pclose(output), 0);
-    EXPECT_GT(kib, 0);
-    return static_cast<double>(kib) / 1024.0;
+    EXPECT_GT(peak, 0);
+    return {static_cast<double>(peak) / 1024.0, static_cast<double>(model) / 1024.0};
+}
+
+double peakMemoryOfLoading(const std::filesystem::path& path)
+{
+    return memoryOfLoading(path).peak;
 }
 
 /// Texts that make much of little.
@@ -209,6 +221,26 @@ TEST(Hostile, MemoryStaysBounded)
     EXPECT_LT(peakMemoryOfLoading(path), kMostMemory);
     writeFile(path, pack(largeTableText(100000)));
     EXPECT_LT(peakMemoryOfLoading(path), kMostMemory);
+}
+
+TEST(Hostile, LoadingTakesLessThanThreeTextsAndTheModel)
+{
+    if (!kMemoryIsComparable)
+        GTEST_SKIP() << "the sanitizer's own memory is in the way";
+    const TempFolder folder;
+    const std::filesystem::path path = folder / "large.stb";
+    const double empty = peakMemoryOfLoading(folder / "missing.stb");
+    for (const int count : {10000, 30000, 100000})
+    {
+        const std::string text = largeTableText(count);
+        writeFile(path, pack(text));
+        const Memory memory = memoryOfLoading(path);
+        const double textSize = static_cast<double>(text.size()) / (1 << 20);
+        EXPECT_GT(memory.model, 0.0);
+        EXPECT_LT(memory.peak - empty, 3 * textSize + memory.model) << count;
+        RecordProperty("texts_for_" + std::to_string(count),
+                       std::to_string((memory.peak - empty - memory.model) / textSize));
+    }
 }
 
 TEST(Hostile, LargeTablesLoad)
