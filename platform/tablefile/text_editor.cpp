@@ -238,9 +238,9 @@ StyleValues TableEditor::originalValues(const StyleFields& fields, std::size_t p
 {
     StyleValues values{{}, fields.data};
     readStyleTexts(m_text, fields, values.texts);
+    makeStorable(values.texts); // a name that begins with a NUL is none
     if (m_table.isColorDependent())
         nameColorStyle(values.texts, position);
-    makeStorable(values.texts);
     return values;
 }
 

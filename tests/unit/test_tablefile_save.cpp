@@ -105,6 +105,19 @@ TEST(SaveUnchanged, AChangeThatIsTakenBackLeavesNoTrace)
     EXPECT_EQ(bytesOf(*table), file);
 }
 
+TEST(SaveUnchanged, ANameThatBeginsWithANulIsNone)
+{
+    using namespace std::string_literals;
+    const std::string text = "plot_style{\n 0{\n  name=\"\0walls\n }\n}\n"s;
+    const OdPsPlotStyleTablePtr table = tableOfText(text, "CTB");
+    EXPECT_EQ(table->styleAt(0)->name(), OdString(L"Color_1"));
+    const Data before = dataOf(*table, 0);
+    changeData(*table, 0, [](Data& data) { data.screening = 1; });
+    EXPECT_EQ(textOf(*table).find("Color_1"), std::string::npos);
+    table->styleAt(0)->setData(before);
+    EXPECT_EQ(textOf(*table), text);
+}
+
 TEST(SaveChanged, ValuesOfTheTable)
 {
     EXPECT_EQ(colorLinesAfter([](Table& t) { t.setDescription(L"W\u00E4nde"); }),
