@@ -779,9 +779,12 @@ TEST_F(StyleFields, TakeATypedPenForTheWordThatWasClicked)
         {
             auto* spin = find<wxSpinCtrl>(editor.dialog(), "SpinPhysPen");
             wxUIActionSimulator user;
-            user.MouseMove(spin->GetScreenPosition() + wxPoint(40, spin->GetSize().y / 2));
-            user.MouseClick();
-            ASSERT_TRUE(waitFor([spin] { return wxWindow::FindFocus() == spin; }));
+            for (const int x : {20, 60})
+            {
+                user.MouseMove(spin->GetScreenPosition() + wxPoint(x, spin->GetSize().y / 2));
+                user.MouseClick();
+                ASSERT_TRUE(waitFor([spin] { return wxWindow::FindFocus() == spin; }));
+            }
             user.Text("12");
             EXPECT_TRUE(waitFor([spin] { return spin->GetTextValue() == "12"; }))
                 << spin->GetTextValue();
