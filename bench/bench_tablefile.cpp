@@ -1,5 +1,6 @@
 // What reading and writing a table costs, beside what its bytes cost anyway: inflating them,
-// deflating them, writing them to the disk. The best of several runs of everything.
+// deflating them, writing them to the disk. The best of several runs of everything. The tables of
+// the folder that PSTYLE_REAL_TABLES names are measured, too.
 
 #include "support/tables.h"
 #include "support/test_files.h"
@@ -31,90 +32,117 @@ void require(bool ok, const char* what)
     std::exit(1);
 }
 
-/// The shortest time of `step` in microseconds, over half a second and five runs at least. What it
-/// returns is destroyed after the clock has stopped.
+/// How long something takes at best, in microseconds, and something to measure it by.
+struct Times
+{
+    double time = 1e12;
+    double base = 1e12;
+};
+
+/// Runs a step once. What it returns is destroyed after the clock has stopped.
 template <class Step>
 double microseconds(const Step& step)
 {
+    const Clock::time_point before = Clock::now();
+    [[maybe_unused]] const auto result = step();
+    return std::chrono::duration<double, std::micro>(Clock::now() - before).count();
+}
+
+/// Runs a step and its base by turns, so that both meet the same disk and the same clock rate:
+/// over a second, and five times at least.
+template <class Step, class Base>
+Times compare(const Step& step, const Base& base)
+{
     constexpr int kLeastRuns = 5;
-    constexpr auto kLeastTime = std::chrono::milliseconds(500);
-    double best = 1e12;
+    constexpr auto kLeastTime = std::chrono::seconds(1);
+    Times best;
     const Clock::time_point start = Clock::now();
     for (int run = 0; run < kLeastRuns || Clock::now() - start < kLeastTime; ++run)
     {
-        const Clock::time_point before = Clock::now();
-        [[maybe_unused]] const auto result = step();
-        const std::chrono::duration<double, std::micro> time = Clock::now() - before;
-        best = std::min(best, time.count());
+        best.base = std::min(best.base, microseconds(base));
+        best.time = std::min(best.time, microseconds(step));
     }
     return best;
 }
 
-/// Inflates a file's stream into a buffer of the right size.
-double timeInflate(std::string_view file, std::string& text)
+/// Inflates the stream of a file into a buffer of the right size.
+class Inflate
 {
-    constexpr std::size_t kHeaderSize = 60;
-    const std::string_view stream = file.substr(kHeaderSize);
-    const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> decompressor(
-        libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
-    const auto inflate = [&]
+public:
+    explicit Inflate(std::string_view file)
+        : m_stream(file.substr(60)) // behind the header
+        , m_text(support::unpack(file).size() + 1, '\0')
     {
-        const libdeflate_result result = libdeflate_zlib_decompress(
-            decompressor.get(), stream.data(), stream.size(), text.data(), text.size(), nullptr);
-        require(result == LIBDEFLATE_SUCCESS, "inflating");
-        return result;
-    };
-    return microseconds(inflate);
-}
+    }
 
-double timeDeflate(std::string_view text)
+    std::size_t operator()() const
+    {
+        std::size_t size = 0;
+        const libdeflate_result result =
+            libdeflate_zlib_decompress(m_decompressor.get(), m_stream.data(), m_stream.size(),
+                                       m_text.data(), m_text.size(), &size);
+        require(result == LIBDEFLATE_SUCCESS, "inflating");
+        return size;
+    }
+
+private:
+    std::string_view m_stream;
+    mutable std::string m_text;
+    std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> m_decompressor{
+        libdeflate_alloc_decompressor(), libdeflate_free_decompressor};
+};
+
+/// Deflates the text that a table is saved as.
+class Deflate
 {
-    const std::unique_ptr<libdeflate_compressor, void (*)(libdeflate_compressor*)> compressor(
-        libdeflate_alloc_compressor(6), libdeflate_free_compressor);
-    std::string stream(libdeflate_zlib_compress_bound(compressor.get(), text.size()), '\0');
-    const auto deflate = [&]
+public:
+    explicit Deflate(const OdPsPlotStyleTable& table)
+        : m_text(support::textOf(table) + '\0')
+        , m_stream(libdeflate_zlib_compress_bound(m_compressor.get(), m_text.size()), '\0')
+    {
+    }
+
+    std::size_t operator()() const
     {
         const std::size_t size = libdeflate_zlib_compress(
-            compressor.get(), text.data(), text.size(), stream.data(), stream.size());
+            m_compressor.get(), m_text.data(), m_text.size(), m_stream.data(), m_stream.size());
         require(size != 0, "deflating");
         return size;
-    };
-    return microseconds(deflate);
+    }
+
+private:
+    std::unique_ptr<libdeflate_compressor, void (*)(libdeflate_compressor*)> m_compressor{
+        libdeflate_alloc_compressor(6), libdeflate_free_compressor};
+    std::string m_text;
+    mutable std::string m_stream;
+};
+
+tablefile::EncodeResult encode(const OdPsPlotStyleTable& table)
+{
+    tablefile::EncodeResult result = tablefile::encode(table);
+    require(result.error.status == tablefile::Status::Ok, "encoding");
+    return result;
 }
 
-double timeEncode(const OdPsPlotStyleTable& table)
+bool save(const std::string& path, const OdPsPlotStyleTable& table)
 {
-    const auto encode = [&]
-    {
-        tablefile::EncodeResult result = tablefile::encode(table);
-        require(result.error.status == tablefile::Status::Ok, "encoding");
-        return result;
-    };
-    return microseconds(encode);
+    const tablefile::Error error = tablefile::save(path, table);
+    require(error.status == tablefile::Status::Ok, "saving");
+    return true;
 }
 
-double timeSave(const std::string& path, const OdPsPlotStyleTable& table)
+/// Replaces a file in one step and brings it to the disk, as every save that may not lose data
+/// has to: a new file, its synchronization, the rename, the folder's synchronization.
+bool write(const std::string& folder, const std::string& path, std::string_view bytes)
 {
-    const auto save = [&]
-    {
-        const tablefile::Error error = tablefile::save(path, table);
-        require(error.status == tablefile::Status::Ok, "saving");
-        return error.status;
-    };
-    return microseconds(save);
-}
-
-/// Writes a file and brings it to the disk, as every save that may not lose data has to.
-double timePlainWrite(const std::string& path, std::string_view bytes)
-{
-    const auto write = [&]
-    {
-        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-        const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        require(written == static_cast<ssize_t>(bytes.size()) && ::fsync(file) == 0, "writing");
-        return ::close(file);
-    };
-    return microseconds(write);
+    const std::string temporary = path + "~";
+    const int file = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+    const ssize_t written = ::write(file, bytes.data(), bytes.size());
+    const bool isWritten = written == static_cast<ssize_t>(bytes.size()) && ::fsync(file) == 0 &&
+                           ::close(file) == 0 && ::rename(temporary.c_str(), path.c_str()) == 0;
+    const int opened = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
+    require(isWritten && ::fsync(opened) == 0 && ::close(opened) == 0, "writing");
+    return true;
 }
 
 /// Changes every style, so that none of the old text can be copied as it is.
@@ -129,47 +157,53 @@ void changeAll(OdPsPlotStyleTable& table)
     }
 }
 
-void row(const char* what, double time, double base, const char* baseName)
+void row(const char* what, const Times& times, const char* base)
 {
-    std::printf("  %-28s %10.1f us  = %5.2f x %s (%.1f us)\n", what, time, time / base, baseName,
-                base);
+    std::printf("  %-28s %10.1f us  = %5.2f x %s (%.1f us)\n", what, times.time,
+                times.time / times.base, base, times.base);
 }
 
-void benchmark(const char* name, const std::string& file)
+void benchmarkSaves(const support::TempFolder& folder, OdPsPlotStyleTable& table,
+                    const char* encoded, const char* saved)
 {
-    std::string text = support::unpack(file);
-    std::printf("%s: %zu bytes, %zu of text\n", name, file.size(), text.size());
+    const std::string path = folder / "table";
+    const std::string bytes = support::bytesOf(table);
+    const Deflate deflate(table);
+    const auto deflateAndWrite = [&] { return deflate() > 0 && write(folder.path(), path, bytes); };
+    row(encoded, compare([&] { return encode(table); }, deflate), "deflate");
+    row(saved, compare([&] { return save(path, table); }, deflateAndWrite), "deflate and write");
+}
+
+void benchmark(const std::string& name, const std::string& file)
+{
     const support::TempFolder folder;
     const std::string path = folder / "table";
-
-    text.push_back('\0');
-    const double inflate = timeInflate(file, text);
-    const double deflate = timeDeflate(text);
-    const double write = timePlainWrite(path, file);
-    row("decode", microseconds([&] { return support::tableOf(file); }), inflate, "inflate");
-    row("load file", microseconds([&] { return tablefile::load(path); }), inflate, "inflate");
+    support::writeFile(path, file);
+    const Inflate inflate(file);
+    std::printf("%s: %zu bytes, %zu of text\n", name.c_str(), file.size(), inflate());
+    row("decode", compare([&] { return support::tableOf(file); }, inflate), "inflate");
+    row("load file", compare([&] { return tablefile::load(path); }, inflate), "inflate");
 
     const OdPsPlotStyleTablePtr table = support::tableOf(file);
-    row("encode unchanged", timeEncode(*table), deflate, "deflate");
-    row("save unchanged file", timeSave(path, *table), write, "write");
+    const auto writeFile = [&] { return write(folder.path(), path, file); };
+    row("save, nothing changed", compare([&] { return save(path, *table); }, writeFile), "write");
     table->setDescription(L"changed");
-    row("encode, description changed", timeEncode(*table), deflate, "deflate");
-    row("save file, same", timeSave(path, *table), deflate + write, "deflate and write");
+    benchmarkSaves(folder, *table, "encode, description changed", "save, description changed");
     changeAll(*table);
-    row("encode, every style changed", timeEncode(*table), deflate, "deflate");
+    benchmarkSaves(folder, *table, "encode, every style changed", "save, every style changed");
 }
 
 } // namespace
 
 int main()
 {
+    benchmark("colour-dependent, 255 styles", support::pack(support::colorTableText()));
+    for (const std::filesystem::path& path : support::realTables())
+        benchmark(path.filename(), support::readFile(path));
     support::Container named;
     named.kind = "STB";
-    benchmark("colour-dependent, 255 styles", support::pack(support::colorTableText()));
     for (const int count : {1000, 10000, 100000})
-    {
-        const std::string name = "named, " + std::to_string(count) + " styles";
-        benchmark(name.c_str(), support::pack(support::largeTableText(count), named));
-    }
+        benchmark("named, " + std::to_string(count) + " styles",
+                  support::pack(support::largeTableText(count), named));
     return 0;
 }

@@ -3,6 +3,7 @@
 #ifndef TABLEFILE_TEXT_LINES_H
 #define TABLEFILE_TEXT_LINES_H
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -19,6 +20,22 @@ struct Span
     explicit operator bool() const noexcept { return begin != 0; }
     std::string_view in(std::string_view text) const { return text.substr(begin, end - begin); }
 };
+
+/// The number of bytes that two texts have in common at their beginnings.
+inline std::size_t commonPrefix(std::string_view a, std::string_view b)
+{
+    const std::size_t most = std::min(a.size(), b.size());
+    std::size_t size = 0;
+    for (std::uint64_t x = 0, y = 0; x == y && size + sizeof x <= most;
+         size += x == y ? sizeof x : 0)
+    {
+        std::memcpy(&x, a.data() + size, sizeof x);
+        std::memcpy(&y, b.data() + size, sizeof y);
+    }
+    while (size < most && a[size] == b[size])
+        ++size;
+    return size;
+}
 
 /// Walks over the lines of a text.
 class LineCursor
@@ -41,15 +58,9 @@ public:
     /// Goes to the next line. @return false at the end of the text
     bool next();
 
-    /// Passes over some lines if they come next, which is much cheaper than taking them apart.
-    /// @param lines with their ends
-    /// @return whether they came
-    bool pass(std::string_view lines)
-    {
-        const bool comeNext = m_text.compare(m_next, lines.size(), lines) == 0;
-        m_next += comeNext ? lines.size() : 0;
-        return comeNext;
-    }
+    /// Passes over lines as long as they are the expected ones, which is much cheaper than taking
+    /// them apart. @return the number of bytes passed over
+    std::uint32_t pass(std::string_view expected);
 
     Kind kind() const noexcept { return m_kind; }
     /// What stands in front of `=` or `{`.
@@ -69,6 +80,16 @@ private:
     std::string_view m_key;
     Span m_value;
 };
+
+inline std::uint32_t LineCursor::pass(std::string_view expected)
+{
+    const std::string_view coming = m_text.substr(m_next, expected.size());
+    std::size_t lines = expected.size();
+    if (coming != expected) // which it is in most styles, and quickly found out
+        lines = coming.substr(0, commonPrefix(coming, expected)).rfind('\n') + 1; // none gives 0
+    m_next += lines;
+    return static_cast<std::uint32_t>(lines);
+}
 
 inline bool LineCursor::next()
 {

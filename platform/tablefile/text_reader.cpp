@@ -357,7 +357,10 @@ StyleFields StyleReader::read(LineCursor& lines)
     for (nextLine(lines); lines.kind() != Kind::Close; nextLine(lines))
     {
         if (lines.kind() == Kind::Open)
+        {
+            fields.isPlain = false;
             skipGroup(lines);
+        }
         const std::size_t key = lines.kind() == Kind::Value
                                     ? findKey(kStyleKeys, lines.key(), expected)
                                     : kStyleKeys.size();
@@ -365,12 +368,12 @@ StyleFields StyleReader::read(LineCursor& lines)
             continue;
         expected = key + 1;
         // The first of several lines of a key counts.
-        fields.hasRepeats = fields.hasRepeats || fields.values[key];
+        fields.isPlain = fields.isPlain && !fields.values[key];
         if (fields.values[key])
             continue;
         fields.values[key] = lines.value();
         readStyleValue(m_text, static_cast<StyleKey>(key), lines.value(), fields.data);
-        if (passRest(lines, key, fields))
+        if (passCommonLines(lines, key, fields))
             break;
     }
     fields.data.color = readColor(fields);
@@ -379,30 +382,31 @@ StyleFields StyleReader::read(LineCursor& lines)
     return fields;
 }
 
-/// Passes over the rest of the group when the style before ended in the same lines.
-/// @param key of the line that has just been read
-bool StyleReader::passRest(LineCursor& lines, std::size_t key, StyleFields& fields) const
+/// Passes over the lines that follow the line of a key here as well as in the style before.
+/// @return whether that was the whole rest of the group
+bool StyleReader::passCommonLines(LineCursor& lines, std::size_t key, StyleFields& fields) const
 {
     const Span last = m_last.values[key];
-    if (!last || m_last.hasRepeats)
+    if (!last || !m_last.isPlain)
         return false;
     const auto begin = static_cast<std::uint32_t>(m_text.find('\n', last.end) + 1);
     const std::uint32_t distance = lines.end() - begin;
-    if (!lines.pass(Span{begin, m_lastEnd}.in(m_text)))
+    const std::uint32_t end = begin + lines.pass(Span{begin, m_lastEnd}.in(m_text));
+    if (end == begin)
         return false;
     OdPsPlotStyleData data = m_last.data;
     for (std::size_t i = 0; i < fields.values.size(); ++i)
     {
         const Span value = m_last.values[i];
-        const bool isInRest = value.begin >= begin;
-        fields.hasRepeats = fields.hasRepeats || (isInRest && fields.values[i]);
-        if (isInRest && !fields.values[i])
+        const bool isPassed = value.begin >= begin && value.begin < end;
+        fields.isPlain = fields.isPlain && !(isPassed && fields.values[i]);
+        if (isPassed && !fields.values[i])
             fields.values[i] = {value.begin + distance, value.end + distance};
         else
             copyStyleValue(static_cast<StyleKey>(i), fields.data, data);
     }
     fields.data = data;
-    return true;
+    return end == m_lastEnd;
 }
 
 /// Reads the colour that a group gives. Runs of styles have the same one.

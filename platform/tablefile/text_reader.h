@@ -49,13 +49,13 @@ struct StyleFields
 {
     std::array<Span, kStyleKeys.size()> values; ///< no span where a key is missing
     OdPsPlotStyleData data;
-    bool hasRepeats = false; ///< whether there are lines that do not count, of a key seen before
+    bool isPlain = true; ///< whether there are neither groups nor second lines of a key in it
 
     Span value(StyleKey key) const { return values[indexOf(key)]; }
 };
 
-/// Reads style groups. Most styles end in the same lines as the style before them; the reader
-/// remembers that one, and takes over the values of those lines without reading them again.
+/// Reads style groups. Most lines of a style repeat those of the style before it; the reader
+/// remembers that one, and takes over the values of such lines without reading them again.
 class StyleReader
 {
 public:
@@ -69,7 +69,7 @@ public:
     StyleFields read(LineCursor& lines);
 
 private:
-    bool passRest(LineCursor& lines, std::size_t key, StyleFields& fields) const;
+    bool passCommonLines(LineCursor& lines, std::size_t key, StyleFields& fields) const;
     OdCmEntityColor readColor(const StyleFields& fields) const;
 
     std::string_view m_text;

@@ -196,6 +196,25 @@ TEST(ReadText, StylesThatEndAlikeButBeginDifferently)
     }
 }
 
+TEST(ReadText, GroupsInStylesThatDifferInTheMiddle)
+{
+    std::string text = "plot_style{\n";
+    for (int i = 0; i < 3; ++i)
+    {
+        const std::string number = std::to_string(i);
+        text += " " + number + "{\n  name=\"a\n  later{\n   x=1\n   y=" + number +
+                "\n   linetype=9\n  }\n  linetype=3\n  screen=" + number + "\n  end_style=2\n }\n";
+    }
+    const OdPsPlotStyleTablePtr table = tableOfText(text + "}\n", "STB");
+    ASSERT_EQ(table->styleCount(), 3);
+    for (int i = 0; i < 3; ++i)
+    {
+        EXPECT_EQ(dataOf(*table, i).linetype, 3) << i;
+        EXPECT_EQ(dataOf(*table, i).screening, i);
+        EXPECT_EQ(dataOf(*table, i).endStyle, 2) << i;
+    }
+}
+
 TEST(ReadText, RealsInEveryNotation)
 {
     const auto factor = [](const std::string& value) {
