@@ -4,6 +4,7 @@
 
 #include <wx/fileconf.h>
 #include <wx/filename.h>
+#include <wx/log.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
@@ -43,6 +44,7 @@ std::unique_ptr<wxFileConfig> openConfig(const wxString& file)
 
 std::optional<wxString> configured(ECfgGroup group, const wxString& name)
 {
+    const wxLogNull noMessages; // a file that cannot be read defines nothing
     const wxString file = configFile();
     wxString value;
     if (!wxFileName::FileExists(file) || !openConfig(file)->Read(keyOf(group, name), &value))
@@ -76,6 +78,7 @@ wxString getString(ECfgGroup group, const wxString& name)
 
 bool setString(ECfgGroup group, const wxString& name, const wxString& value)
 {
+    const wxLogNull noMessages; // the caller reports
     const wxFileName file(configFile());
     if (!file.DirExists() && !file.Mkdir(wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL))
         return false;

@@ -22,7 +22,7 @@ enum class ECfgGroup : int
 wxString getString(ECfgGroup group, const wxString& name);
 
 /// Stores a configuration value in the user's configuration file, which is made if need be.
-/// @return false, with the reason in the log, when the file cannot be written
+/// @return false when the file cannot be written
 bool setString(ECfgGroup group, const wxString& name, const wxString& value);
 
 } // namespace ut

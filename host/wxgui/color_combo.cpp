@@ -112,13 +112,24 @@ wxSize ColorCombo::pictureSize() const
 // "Select color…" is a command, not a value: it becomes a picked colour or leaves no trace.
 void ColorCombo::onPicked(wxCommandEvent& event)
 {
-    if (GetSelection() == selectEntry && !askForColor())
+    const bool asks = GetSelection() == selectEntry;
+    if (asks && isPickedByKey())
+        stepOver();
+    else if (asks && !askForColor())
     {
         SetSelection(m_selected);
         return;
     }
     m_selected = GetSelection();
     event.Skip();
+}
+
+// The keys that step through the closed list pass the command by.
+void ColorCombo::stepOver()
+{
+    const bool goesDown = m_selected < selectEntry;
+    const int last = static_cast<int>(GetCount()) - 1;
+    SetSelection(goesDown ? (last > selectEntry ? otherEntry : blackEntry) : blackEntry);
 }
 
 bool ColorCombo::askForColor()

@@ -45,6 +45,7 @@ ColorDialog::ColorDialog(wxWindow* parent, const wxString& title, OdCmEntityColo
                               wxST_NO_AUTORESIZE))
     , m_swatch(new wxWindow(this, wxID_ANY, wxDefaultPosition, wxSize(48, 24), wxBORDER_SIMPLE))
 {
+    m_swatch->SetCanFocus(false);
     auto* trueColor = new wxButton(this, wxID_ANY, _("&True Color..."));
     auto* shown = new wxBoxSizer(wxHORIZONTAL);
     shown->Add(m_swatch, wxSizerFlags().CenterVertical().Border(wxRIGHT, 12));
@@ -71,7 +72,8 @@ void ColorDialog::show(OdCmEntityColor color)
     m_color = color;
     const bool isIndex = color.colorMethod() == OdCmEntityColor::kByACI;
     m_palette->setIndex(isIndex ? color.colorIndex() : 0);
-    m_text->SetLabel(colorText(color));
+    const bool isObjects = color == OdCmEntityColor();
+    m_text->SetLabel(isObjects ? _("Use entity color") : colorText(color));
     m_swatch->SetBackgroundColour(toolkitColor(color));
     m_swatch->Refresh();
 }

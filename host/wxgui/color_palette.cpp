@@ -26,6 +26,9 @@ constexpr int rows = shades + 2;
 constexpr int cell = 18;
 constexpr int rowGap = 8;
 
+// Where the keys begin when no index colour is picked.
+constexpr int first = 1;
+
 // The full colour of a hue stands in the middle, its darker shades above and its paler below.
 constexpr int shadeOfRow[shades] = {8, 6, 4, 2, 0, 1, 3, 5, 7, 9};
 
@@ -63,7 +66,9 @@ void forEachColor(Visit visit)
 
 wxPoint placeOf(int wanted)
 {
-    wxPoint place(0, shades);
+    if (wanted == 0)
+        wanted = first;
+    wxPoint place;
     forEachColor(
         [&](int row, int column, int index)
         {
@@ -112,7 +117,7 @@ void ColorPalette::onPaint(wxPaintEvent&)
             dc.SetBrush(wxBrush(toolkitColor(indexColor(index))));
             dc.DrawRectangle(rectAt(row, column).Deflate(1));
         });
-    if (m_index == 0)
+    if (m_index == 0 && !HasFocus())
         return;
     const wxPoint place = placeOf(m_index);
     const auto ring = HasFocus() ? wxSYS_COLOUR_HIGHLIGHT : wxSYS_COLOUR_WINDOWTEXT;
@@ -155,16 +160,20 @@ void ColorPalette::onKey(wxKeyEvent& event)
         return;
     case WXK_RETURN:
     case WXK_NUMPAD_ENTER:
-        pick(m_index, true);
+        confirm();
         return;
     default:
         event.Skip();
         return;
     }
-    pick(indexAt(place.y, place.x), false);
+    // The last rows are shorter than the others.
+    const int lastColumn = place.y < shades ? columns - 1 : place.y == shades ? 8 : 5;
+    const int index = indexAt(place.y, std::min(place.x, lastColumn));
+    // Without a colour picked yet, the keys begin where the ring is.
+    pick(m_index == 0 ? first : index, false);
 }
 
-void ColorPalette::pick(int index, bool confirm)
+void ColorPalette::pick(int index, bool confirms)
 {
     if (index == 0)
         return;
@@ -173,8 +182,12 @@ void ColorPalette::pick(int index, bool confirm)
     picked.SetEventObject(this);
     picked.SetInt(index);
     HandleWindowEvent(picked);
-    if (!confirm)
-        return;
+    if (confirms)
+        confirm();
+}
+
+void ColorPalette::confirm()
+{
     wxCommandEvent confirmed(EVT_COLOR_CONFIRMED, GetId());
     confirmed.SetEventObject(this);
     HandleWindowEvent(confirmed);

@@ -25,7 +25,8 @@ private:
     void onPaint(wxPaintEvent& event);
     void onMouse(wxMouseEvent& event);
     void onKey(wxKeyEvent& event);
-    void pick(int index, bool confirm);
+    void pick(int index, bool confirms);
+    void confirm();
 
     int m_index = 0;
 };

@@ -59,7 +59,12 @@ bool VariesCombo::ProcessEvent(wxEvent& event)
     if (isMnemonic &&
         (event.GetEventType() == wxEVT_KEY_DOWN || event.GetEventType() == wxEVT_CHAR))
         return false;
-    return wxOwnerDrawnComboBox::ProcessEvent(event);
+    if (!key)
+        return wxOwnerDrawnComboBox::ProcessEvent(event);
+    m_handlesKey = !IsPopupShown();
+    const bool processed = wxOwnerDrawnComboBox::ProcessEvent(event);
+    m_handlesKey = false;
+    return processed;
 }
 
 // A field without a selected entry is drawn by the background alone.

@@ -29,6 +29,8 @@ protected:
     virtual bool showsText() const { return true; }
 
     bool ProcessEvent(wxEvent& event) override;
+    /// Whether the pick that is being handled was made by a key while the list was closed.
+    bool isPickedByKey() const { return m_handlesKey; }
 
 private:
     void OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) const override;
@@ -40,6 +42,7 @@ private:
     void onPicked(wxCommandEvent& event);
 
     bool m_varies = false;
+    bool m_handlesKey = false;
 
     wxDECLARE_CLASS(VariesCombo);
 };

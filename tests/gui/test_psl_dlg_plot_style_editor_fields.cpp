@@ -772,19 +772,29 @@ TEST_F(StyleFields, TakeATypedPenForTheWord)
         showFields([pen](EditorDriver& editor) { typePen(editor, pen, "12"); });
 }
 
+// The second click falls into the selected word.
 TEST_F(StyleFields, TakeATypedPenForTheWordThatWasClicked)
 {
     showFields(
         [](EditorDriver& editor)
         {
             auto* spin = find<wxSpinCtrl>(editor.dialog(), "SpinPhysPen");
-            wxUIActionSimulator user;
-            for (const int x : {20, 60})
+            int clicks = 0;
+            const auto count = [spin, &clicks](wxMouseEvent& event)
             {
-                user.MouseMove(spin->GetScreenPosition() + wxPoint(x, spin->GetSize().y / 2));
+                event.Skip();
+                spin->CallAfter([&clicks] { ++clicks; });
+            };
+            spin->Bind(wxEVT_LEFT_UP, count);
+            wxUIActionSimulator user;
+            for (const int click : {1, 2})
+            {
+                user.MouseMove(spin->GetScreenPosition() +
+                               wxPoint(30 * click, spin->GetSize().y / 2));
                 user.MouseClick();
-                ASSERT_TRUE(waitFor([spin] { return wxWindow::FindFocus() == spin; }));
+                ASSERT_TRUE(waitFor([&clicks, click] { return clicks == click; }));
             }
+            EXPECT_TRUE(spin->Unbind(wxEVT_LEFT_UP, count));
             user.Text("12");
             EXPECT_TRUE(waitFor([spin] { return spin->GetTextValue() == "12"; }))
                 << spin->GetTextValue();

@@ -40,9 +40,14 @@ int fail(ExitStatus status, const wxString& message)
     return status;
 }
 
-void print(const wxString& line)
+// Prints lines on standard output. @return the status, after what went wrong has been said
+int print(const wxArrayString& lines)
 {
-    std::printf("%s\n", static_cast<const char*>(line.utf8_str()));
+    for (const wxString& line : lines)
+        std::printf("%s\n", static_cast<const char*>(line.utf8_str()));
+    if (std::fflush(stdout) != 0)
+        return fail(exitFailed, "standard output cannot be written");
+    return exitDone;
 }
 
 // File names are UTF-8, like everything else on the systems that the program runs on; where they
@@ -80,9 +85,11 @@ int create(const Options& options)
     wxString name;
     if (!newPlotStyleTable(name, options.colorDependent, folder, nullptr))
         return exitFailed;
-    if (!name.empty())
-        print(name);
-    return exitDone;
+    if (name.empty())
+        return exitDone;
+    wxArrayString names;
+    names.Add(name);
+    return print(names);
 }
 
 int choose(const Options&)
@@ -144,9 +151,7 @@ int list(const Options&)
 {
     wxArrayString files;
     getPlotStyleFiles(files);
-    for (const wxString& file : files)
-        print(file);
-    return exitDone;
+    return print(files);
 }
 
 int setFolder(const Options& options)
@@ -156,6 +161,8 @@ int setFolder(const Options& options)
         return fail(exitUsage, folder + " is not a folder");
     if (!ut::setString(ut::ECfgGroup::Paths, "PlotStylePath", folder))
         return fail(exitFailed, "the configuration cannot be written");
+    if (wxGetEnv("PSTYLE_PLOT_STYLE_PATH", nullptr))
+        std::fputs("pstyle: note: PSTYLE_PLOT_STYLE_PATH is set and goes first\n", stderr);
     return exitDone;
 }
 
@@ -166,11 +173,7 @@ int exportTable(const Options& options)
     if (table.isNull())
         return fail(exitFailed, source.GetFullPath() + " is not a plot style table");
     if (options.file.empty())
-    {
-        for (const wxString& line : csvLines(*table, source.GetFullName()))
-            print(line);
-        return exitDone;
-    }
+        return print(csvLines(*table, source.GetFullName()));
     const wxString target = fullPath(options.file);
     if (!exportCsv(*table, source.GetFullName(), target))
         return fail(exitFailed, "Failed to create or open file: " + target);

@@ -10,6 +10,8 @@
 #include <wx/log.h>
 #include <wx/textfile.h>
 
+#include <filesystem>
+
 namespace
 {
 
@@ -66,6 +68,22 @@ void addLineWeights(wxArrayString& lines, const OdPsPlotStyleTable& table)
         lines.Add(wxString::Format(",%d,%.6lf", i, table.lineweightAt(i)));
 }
 
+// The file that a symbolic link leads to: a write would put a plain file in the place of the link.
+wxString linkTarget(const wxString& path)
+{
+    std::error_code noFile;
+    const auto target = std::filesystem::canonical(path.utf8_string(), noFile);
+    return noFile ? path : wxString::FromUTF8(target.string());
+}
+
+// A write makes a plain file of whatever bears the name, and needs the folder, too.
+bool canBeReplaced(const wxString& path)
+{
+    return std::filesystem::is_regular_file(path.utf8_string()) &&
+           wxFileName::IsFileReadable(path) && wxFileName::IsFileWritable(path) &&
+           wxFileName::IsDirWritable(wxFileName(path).GetPath());
+}
+
 } // namespace
 
 wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName)
@@ -83,8 +101,11 @@ bool exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const 
 {
     const wxLogNull noMessages; // the caller reports
     wxTextFile file;
-    const bool isOpen = wxFileName::FileExists(path) ? file.Open(path) : file.Create(path);
-    if (!isOpen)
+    const wxString target = linkTarget(path);
+    const bool exists = wxFileName::Exists(target);
+    if (exists && !canBeReplaced(target))
+        return false;
+    if (!(exists ? file.Open(target) : file.Create(target)))
         return false;
     file.Clear();
     for (const wxString& line : csvLines(table, fileName))

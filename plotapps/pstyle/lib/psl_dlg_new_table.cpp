@@ -49,6 +49,7 @@ void DlgNewTable::onInitDialog(wxInitDialogEvent&)
     constexpr int width = 400;
     SetSize(width, -1);
     Centre(wxBOTH);
+    findControl<wxWindow>(*this, "PanelMessage")->SetCanFocus(false);
 
     findControl<wxTextCtrl>(*this, "TextTableName")
         ->SetValidator(wxTextValidator(wxFILTER_NONE, &tableName));

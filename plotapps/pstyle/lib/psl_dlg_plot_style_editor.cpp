@@ -110,7 +110,7 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
     preparePens();
     setValidators();
     fillLists();
-    bindStyleKeys();
+    bindListKeys();
     load();
     SetFocus();
 }
@@ -221,10 +221,11 @@ void DlgPlotStyleEditor::preparePens()
                 spin->SetSelection(-1, -1);
         };
         spin->Bind(wxEVT_LEFT_UP,
-                   [selectWord](wxMouseEvent& event)
+                   [spin, selectWord](wxMouseEvent& event)
                    {
+                       // The toolkit drops a selection that was clicked into only after this.
                        event.Skip();
-                       selectWord();
+                       spin->CallAfter(selectWord);
                    });
         spin->Bind(wxEVT_SET_FOCUS,
                    [spin, selectWord](wxFocusEvent& event)

@@ -114,7 +114,7 @@ private:
     bool isFormViewCurrent() const;
     bool isEditable(const std::vector<int>& selectedStyles) const;
     std::vector<int> selectedStyles() const;
-    void bindStyleKeys();
+    void bindListKeys();
     bool onStyleKey(const wxKeyEvent& event);
     void selectAllStyles();
     wxString askForStyleName();

@@ -186,6 +186,13 @@ void DlgPlotStyleEditor::onComboChanged(wxCommandEvent& event)
         return;
     }
     const auto* combo = dynamic_cast<wxg::ImageCombo*>(event.GetEventObject());
+    const bool isBlank = isFrom(event, "ComboLineWeight") && combo && !m_table.isNull() &&
+                         combo->value() > m_table->lineweightCount();
+    if (isBlank)
+    {
+        updateStyleFields();
+        return;
+    }
     const bool changed =
         changeSelectedStyles(changeOf(comboFields, event, combo ? combo->value() : 0));
     if (changed && isFrom(event, "ComboLineWeight"))

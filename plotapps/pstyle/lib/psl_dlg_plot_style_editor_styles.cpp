@@ -193,6 +193,7 @@ void DlgPlotStyleEditor::onStyleDel(wxCommandEvent&)
     }
     for (const OdPsPlotStylePtr& style : styles)
         m_table->deleteStyle(style);
+    updateStyleFields();
     stylesChanged();
 }
 
@@ -206,8 +207,18 @@ void DlgPlotStyleEditor::onUpdateUIStyleDelGrid(wxUpdateUIEvent& event)
     event.Skip();
 }
 
+namespace
+{
+
+bool isOneOf(const wxKeyEvent& event, int key, int numpadKey)
+{
+    return event.GetKeyCode() == key || event.GetKeyCode() == numpadKey;
+}
+
+} // namespace
+
 // The keys do what the buttons do, and only where those are there to be pressed.
-void DlgPlotStyleEditor::bindStyleKeys()
+void DlgPlotStyleEditor::bindListKeys()
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     list->Bind(wxEVT_CHAR_HOOK,
@@ -216,6 +227,16 @@ void DlgPlotStyleEditor::bindStyleKeys()
                    if (list->GetEditControl() || !onStyleKey(event))
                        event.Skip();
                });
+    wxListCtrl* lineWeights = findControl<wxListCtrl>(*this, "ListLineWeights");
+    lineWeights->Bind(wxEVT_CHAR_HOOK,
+                      [this, lineWeights](wxKeyEvent& event)
+                      {
+                          wxCommandEvent pressed(wxEVT_BUTTON);
+                          if (event.GetKeyCode() == WXK_F2 && !lineWeights->GetEditControl())
+                              onLwEdit(pressed);
+                          else
+                              event.Skip();
+                      });
 }
 
 bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
@@ -226,11 +247,14 @@ bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
     const bool isPlain = event.GetModifiers() == wxMOD_NONE;
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'A')
         selectAllStyles();
-    else if (isPlain && event.GetKeyCode() == WXK_F2 && focused >= 0)
-        list->EditLabel(focused);
-    else if (isPlain && event.GetKeyCode() == WXK_INSERT)
+    else if (isPlain && event.GetKeyCode() == WXK_F2)
+    {
+        if (focused >= 0 && list->GetItemState(focused, wxLIST_STATE_SELECTED) != 0)
+            list->EditLabel(focused);
+    }
+    else if (isPlain && isOneOf(event, WXK_INSERT, WXK_NUMPAD_INSERT))
         onStyleAdd(pressed);
-    else if (isPlain && event.GetKeyCode() == WXK_DELETE)
+    else if (isPlain && isOneOf(event, WXK_DELETE, WXK_NUMPAD_DELETE))
     {
         if (isEditable(selectedStyles()))
             onStyleDel(pressed);

@@ -54,6 +54,7 @@ void DlgSelectTable::onInitDialog(wxInitDialogEvent&)
     constexpr int width = 400;
     SetSize(width, -1);
     Centre(wxBOTH);
+    findControl<wxWindow>(*this, "PanelMessage")->SetCanFocus(false);
 
     wxArrayString files;
     const size_t count = getPlotStyleFiles(files);
