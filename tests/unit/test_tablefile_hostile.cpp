@@ -154,6 +154,14 @@ TEST(Hostile, ATextCutAnywhere)
     }
 }
 
+TEST(Hostile, AFileThatIsTooLarge)
+{
+    const TempFolder folder;
+    writeFile(folder / "a.ctb", pack(colorTableText()));
+    std::filesystem::resize_file(folder / "a.ctb", kMostText + (2 << 20));
+    EXPECT_EQ(statusOfFile(folder / "a.ctb"), tablefile::Status::TooLarge);
+}
+
 TEST(Hostile, HeaderBytesFlipped)
 {
     const std::string file = pack(colorTableText());

@@ -320,6 +320,9 @@ TEST(ReadText, Lineweights)
     EXPECT_EQ(some->lineweightAt(8), 0.33);
     EXPECT_EQ(some->lineweightAt(22), 8.0);
     EXPECT_EQ(some->lineweightAt(23), 1.4);
+    const OdPsPlotStyleTablePtr grouped =
+        tableOfText(replaced(text, " 0=0.0\n", " later{\n  0=0.7\n }\n 0=0.06\n"));
+    EXPECT_EQ(grouped->lineweightAt(0), 0.06);
     const OdPsPlotStyleTablePtr more =
         tableOfText(replaced(text, " 26=2.11\n", " 26=2.11\n 27=3.0\n 29=5.0\n"));
     EXPECT_EQ(more->lineweightCount(), 30);
