@@ -154,7 +154,7 @@ void TableEditor::insertLines(std::vector<Edit>& edits, std::uint32_t position,
     { return edit.span.begin == position && edit.span.end == position; };
     const bool lacksEnd = position > 0 && m_text[position - 1] != '\n';
     if (lacksEnd && std::none_of(edits.begin(), edits.end(), isThere))
-        lines.insert(0, m_newLine);
+        lines.insert(0, m_text[position - 1] == '\r' ? kNewLine : m_newLine);
     edits.push_back({{position, position}, std::move(lines)});
 }
 

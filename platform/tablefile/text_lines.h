@@ -3,7 +3,6 @@
 #ifndef TABLEFILE_TEXT_LINES_H
 #define TABLEFILE_TEXT_LINES_H
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -21,21 +20,8 @@ struct Span
     std::string_view in(std::string_view text) const { return text.substr(begin, end - begin); }
 };
 
-/// The number of bytes that two texts have in common at their beginnings.
-inline std::size_t commonPrefix(std::string_view a, std::string_view b)
-{
-    const std::size_t most = std::min(a.size(), b.size());
-    std::size_t size = 0;
-    for (std::uint64_t x = 0, y = 0; x == y && size + sizeof x <= most;
-         size += x == y ? sizeof x : 0)
-    {
-        std::memcpy(&x, a.data() + size, sizeof x);
-        std::memcpy(&y, b.data() + size, sizeof y);
-    }
-    while (size < most && a[size] == b[size])
-        ++size;
-    return size;
-}
+/// The number of bytes of the whole lines that two texts have in common at their beginnings.
+std::size_t commonLines(std::string_view a, std::string_view b);
 
 /// Walks over the lines of a text.
 class LineCursor
@@ -83,12 +69,11 @@ private:
 
 inline std::uint32_t LineCursor::pass(std::string_view expected)
 {
+    // Mostly all of them are the expected ones, which is quickly found out.
     const std::string_view coming = m_text.substr(m_next, expected.size());
-    std::size_t lines = expected.size();
-    if (coming != expected) // which it is in most styles, and quickly found out
-        lines = coming.substr(0, commonPrefix(coming, expected)).rfind('\n') + 1; // none gives 0
-    m_next += lines;
-    return static_cast<std::uint32_t>(lines);
+    const std::size_t size = coming == expected ? expected.size() : commonLines(coming, expected);
+    m_next += size;
+    return static_cast<std::uint32_t>(size);
 }
 
 inline bool LineCursor::next()

@@ -442,6 +442,15 @@ TEST(SaveText, LinesBehindATextWithoutAFinalLineEndFollowOneAnother)
     EXPECT_EQ(tableOfText(saved, "STB")->lineweightAt(0), 0.07);
 }
 
+TEST(SaveText, LinesBehindATextThatEndsInHalfALineEnd)
+{
+    const OdPsPlotStyleTablePtr table = tableOfText("plot_style{\r\n 0{\r\n }\r\n}\r", "STB");
+    table->setLineweightAt(0, 0.07);
+    const std::string saved = textOf(*table);
+    EXPECT_EQ(saved.find("\r\r"), std::string::npos) << saved;
+    EXPECT_EQ(tableOfText(saved, "STB")->lineweightAt(0), 0.07);
+}
+
 TEST(SaveNames, ColorsOfADeletedStyleFallBackToTheFirst)
 {
     const OdPsPlotStyleTablePtr table = tableOfText(mappedTableText(kNames), "TTB");
