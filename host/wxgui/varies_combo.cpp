@@ -38,6 +38,7 @@ void VariesCombo::setVaries(bool varies)
 void VariesCombo::onPicked(wxCommandEvent& event)
 {
     setVaries(false);
+    m_pickedByKey = false;
     event.Skip();
 }
 
@@ -59,11 +60,12 @@ bool VariesCombo::ProcessEvent(wxEvent& event)
     if (isMnemonic &&
         (event.GetEventType() == wxEVT_KEY_DOWN || event.GetEventType() == wxEVT_CHAR))
         return false;
-    if (!key)
-        return wxOwnerDrawnComboBox::ProcessEvent(event);
-    m_handlesKey = !IsPopupShown();
+    const int before = GetSelection();
+    const bool isClosed = !IsPopupShown();
     const bool processed = wxOwnerDrawnComboBox::ProcessEvent(event);
-    m_handlesKey = false;
+    // The toolkit tells of the pick later.
+    if (key && isClosed && GetSelection() != before)
+        m_pickedByKey = true;
     return processed;
 }
 

@@ -30,7 +30,7 @@ protected:
 
     bool ProcessEvent(wxEvent& event) override;
     /// Whether the pick that is being handled was made by a key while the list was closed.
-    bool isPickedByKey() const { return m_handlesKey; }
+    bool isPickedByKey() const { return m_pickedByKey; }
 
 private:
     void OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) const override;
@@ -42,7 +42,7 @@ private:
     void onPicked(wxCommandEvent& event);
 
     bool m_varies = false;
-    bool m_handlesKey = false;
+    bool m_pickedByKey = false;
 
     wxDECLARE_CLASS(VariesCombo);
 };

@@ -290,6 +290,15 @@ TEST_F(WithoutADisplay, ExportsToStandardOutputAndToAFile)
     EXPECT_EQ(readBytes(text), printed.output);
 }
 
+TEST_F(WithoutADisplay, ReportsAFullStandardOutput)
+{
+    const std::string command = std::string("'") + PSTYLE_PROGRAM + "' --export '" +
+                                makeTable("table.ctb").utf8_string() + "' >/dev/full 2>'" +
+                                folder.file("errors").utf8_string() + "'";
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+    EXPECT_EQ(readBytes(folder.file("errors")), "pstyle: standard output cannot be written\n");
+}
+
 TEST_F(WithoutADisplay, ReportsWhatItCannotExport)
 {
     const Result noTable = run({"--export", makeFile("text.ctb", "no table")});

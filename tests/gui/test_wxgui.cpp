@@ -336,6 +336,73 @@ TEST_F(ColorCombos, GivesOtherColoursAnEntryAtTheEnd)
     EXPECT_EQ(combo->color()->color(), 0xC2010203);
 }
 
+namespace
+{
+
+wxg::ColorPalette* paletteOf(wxDialog* dialog)
+{
+    for (wxWindow* child : dialog->GetChildren())
+        if (auto* palette = dynamic_cast<wxg::ColorPalette*>(child))
+            return palette;
+    throw std::runtime_error("no palette");
+}
+
+void sendKey(wxWindow* window, int key)
+{
+    wxKeyEvent event(wxEVT_KEY_DOWN);
+    event.m_keyCode = key;
+    event.SetEventObject(window);
+    window->GetEventHandler()->ProcessEvent(event);
+}
+
+void sendMouse(wxWindow* window, wxEventType type, const wxPoint& position)
+{
+    wxMouseEvent event(type);
+    event.SetPosition(position);
+    event.SetEventObject(window);
+    window->GetEventHandler()->ProcessEvent(event);
+}
+
+} // namespace
+
+TEST_F(ColorCombos, KeysOfTheClosedListStepOverTheChoice)
+{
+    show();
+    combo->setColor(indexColor(6));
+    press(combo, WXK_DOWN);
+    EXPECT_TRUE(waitFor([this] { return combo->GetSelection() == 7; }));
+    press(combo, WXK_DOWN);
+    EXPECT_TRUE(waitFor([this] { return picks == 2; }));
+    EXPECT_EQ(combo->GetSelection(), 7) << "there is nothing behind the choice";
+    combo->setColor(indexColor(30));
+    press(combo, WXK_UP);
+    EXPECT_TRUE(waitFor([this] { return combo->GetSelection() == 7; }));
+    press(combo, WXK_DOWN);
+    EXPECT_TRUE(waitFor([this] { return combo->GetSelection() == 9; }));
+}
+
+TEST_F(ColorCombos, ThePaletteOfATrueColourBeginsAtTheFirstColour)
+{
+    combo->setColor({18, 52, 86});
+    DialogAnswers answers;
+    answers.run(
+        [](wxDialog* dialog)
+        {
+            wxg::ColorPalette* palette = paletteOf(dialog);
+            EXPECT_EQ(palette->index(), 0);
+            sendKey(palette, WXK_RIGHT);
+            EXPECT_EQ(palette->index(), 1);
+            sendKey(palette, WXK_UP);
+            sendKey(palette, WXK_RETURN);
+        });
+    pick(8);
+    EXPECT_EQ(combo->color()->colorIndex(), 19);
+    answers.run([](wxDialog* dialog) { sendKey(paletteOf(dialog), WXK_RETURN); });
+    combo->setColor({18, 52, 86});
+    pick(8);
+    EXPECT_EQ(combo->color()->color(), 0xC2123456) << "Return confirms the colour that is shown";
+}
+
 TEST_F(ColorCombos, DrawsTheColour)
 {
     show();
@@ -369,35 +436,6 @@ TEST_F(ColorCombos, AChosenColourIsPickedLikeAnEntry)
     ASSERT_TRUE(combo->color());
     EXPECT_EQ(combo->color()->color(), 0xC2123456);
 }
-
-namespace
-{
-
-wxg::ColorPalette* paletteOf(wxDialog* dialog)
-{
-    for (wxWindow* child : dialog->GetChildren())
-        if (auto* palette = dynamic_cast<wxg::ColorPalette*>(child))
-            return palette;
-    throw std::runtime_error("no palette");
-}
-
-void sendKey(wxWindow* window, int key)
-{
-    wxKeyEvent event(wxEVT_KEY_DOWN);
-    event.m_keyCode = key;
-    event.SetEventObject(window);
-    window->GetEventHandler()->ProcessEvent(event);
-}
-
-void sendMouse(wxWindow* window, wxEventType type, const wxPoint& position)
-{
-    wxMouseEvent event(type);
-    event.SetPosition(position);
-    event.SetEventObject(window);
-    window->GetEventHandler()->ProcessEvent(event);
-}
-
-} // namespace
 
 TEST_F(ColorCombos, TheChoiceOffersEveryIndexColour)
 {

@@ -10,6 +10,7 @@
 
 #include <wx/init.h>
 
+#include <sys/stat.h>
 #include <vector>
 
 namespace
@@ -141,6 +142,22 @@ TEST_F(Export, IsWrittenAsUtf8WithoutAMarkAndReplacesTheFile)
         EXPECT_TRUE(exportCsv(*names, "a.stb", path(name)));
         EXPECT_EQ(support::readFile(folder / name), bytes) << "a second time";
     }
+}
+
+TEST_F(Export, WritesThroughASymbolicLink)
+{
+    support::writeFile(folder / "real.csv", "old");
+    std::filesystem::create_symlink("real.csv", folder / "link.csv");
+    EXPECT_TRUE(exportCsv(*names, "a.stb", path("link.csv")));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.csv"));
+    EXPECT_EQ(support::readFile(folder / "real.csv").substr(0, 15), "PLOTSTYLE_TABLE");
+}
+
+TEST_F(Export, LeavesWhatIsNoFileAlone)
+{
+    ASSERT_EQ(mkfifo((folder / "pipe.csv").c_str(), S_IRUSR | S_IWUSR), 0);
+    EXPECT_FALSE(exportCsv(*names, "a.stb", path("pipe.csv")));
+    EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe.csv"));
 }
 
 TEST_F(Export, FailsWhereNoFileCanBe)
