@@ -1,4 +1,4 @@
-// Where the host's configuration values come from.
+// Where the host's configuration values and texts come from.
 
 #include "util/ut.h"
 
@@ -6,6 +6,7 @@
 #include <wx/filename.h>
 #include <wx/log.h>
 #include <wx/stdpaths.h>
+#include <wx/translation.h>
 #include <wx/utils.h>
 
 #include <memory>
@@ -52,15 +53,15 @@ std::optional<wxString> configured(ECfgGroup group, const wxString& name)
     return value;
 }
 
-/// The sample tables lie beside the program's folder, in the build tree as in an installation.
-wxString samplesFolder()
+// The program's files lie beside its own folder, in the build tree as in an installation.
+wxString besideProgram(const wxString& folderName)
 {
     wxFileName folder(wxStandardPaths::Get().GetExecutablePath());
     folder.SetFullName(wxString());
     folder.AppendDir("..");
-    wxFileName samples(folder.GetPath() + "/" + PSTYLE_SAMPLES_DIR, wxString());
-    samples.Normalize(wxPATH_NORM_DOTS | wxPATH_NORM_ABSOLUTE);
-    return samples.GetPath();
+    wxFileName beside(folder.GetPath() + "/" + folderName, wxString());
+    beside.Normalize(wxPATH_NORM_DOTS | wxPATH_NORM_ABSOLUTE);
+    return beside.GetPath();
 }
 
 } // namespace
@@ -73,7 +74,7 @@ wxString getString(ECfgGroup group, const wxString& name)
         return value;
     if (const auto fromFile = configured(group, name))
         return *fromFile;
-    return isPlotStylePath ? samplesFolder() : wxString();
+    return isPlotStylePath ? besideProgram(PSTYLE_SAMPLES_DIR) : wxString();
 }
 
 bool setString(ECfgGroup group, const wxString& name, const wxString& value)
@@ -84,6 +85,16 @@ bool setString(ECfgGroup group, const wxString& name, const wxString& value)
         return false;
     const auto config = openConfig(file.GetFullPath());
     return config->Write(keyOf(group, name), value) && config->Flush();
+}
+
+void loadTranslations()
+{
+    auto* translations = new wxTranslations; // becomes the toolkit's
+    wxTranslations::Set(translations);
+    wxFileTranslationsLoader::AddCatalogLookupPathPrefix(besideProgram(PSTYLE_LOCALE_DIR));
+    // The catalogue that is added last is asked first.
+    translations->AddStdCatalog();
+    translations->AddCatalog("pstyle");
 }
 
 } // namespace ut

@@ -1,4 +1,4 @@
-// The host's configuration.
+// The host's configuration, and the user's language.
 
 #ifndef UTIL_UT_H
 #define UTIL_UT_H
@@ -24,6 +24,11 @@ wxString getString(ECfgGroup group, const wxString& name);
 /// Stores a configuration value in the user's configuration file, which is made if need be.
 /// @return false when the file cannot be written
 bool setString(ECfgGroup group, const wxString& name, const wxString& value);
+
+/// Has the toolkit's translation lookup answer in the user's language, as far as there is a
+/// catalogue for it: the program's own lie in the folder share/locale beside that of the program.
+/// Called once, before any text is looked up.
+void loadTranslations();
 
 } // namespace ut
 

@@ -16,6 +16,7 @@ struct Options
         List,      ///< print the tables of the plot style folder
         SetFolder, ///< make `file` the plot style folder
         Export,    ///< write `source` as comma-separated text to `file`, or to standard output
+        Picture,   ///< draw `source` into the PNG file `file`
         Help,
         Version,
         Refuse, ///< `reason` says what is wrong with the command line
@@ -26,10 +27,19 @@ struct Options
     std::string source;
     /// Of a new table.
     bool colorDependent = false;
-    std::string reason;
+    /// Of a picture: its larger side, in pixels.
+    int size = 512;
+    /// A key of the translation lookup. "%s" in it stands for `subject`.
+    const char* reason = "";
+    std::string subject;
 };
 
-/// The text that --help prints.
+/// What `size` may be: the least keeps a table's colours apart, the most is a screen full of
+/// detail.
+constexpr int leastPictureSize = 16;
+constexpr int mostPictureSize = 4096;
+
+/// The text that --help prints: a key of the translation lookup.
 extern const char* const usage;
 
 Options parseOptions(int argc, char** argv);

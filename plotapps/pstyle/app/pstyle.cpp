@@ -1,6 +1,7 @@
 // pstyle: the plot style table editor as a program of its own, and a host of the library.
 
 #include "options.h"
+#include "table_picture.h"
 
 #include "psl.h"
 #include "psl_csv.h"
@@ -12,12 +13,14 @@
 #include <wx/arrstr.h>
 #include <wx/filename.h>
 #include <wx/image.h>
+#include <wx/imagpng.h>
 #include <wx/init.h>
 #include <wx/intl.h>
 #include <wx/log.h>
 #include <wx/utils.h>
 #include <wx/xrc/xmlres.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 
@@ -33,8 +36,8 @@ enum ExitStatus
     exitUsage = 2,
 };
 
-// Says what went wrong on standard error, and gives the exit status for it.
-int fail(ExitStatus status, const wxString& message)
+// Says what there is to say on standard error, and gives the exit status for it.
+int say(ExitStatus status, const wxString& message)
 {
     std::fprintf(stderr, "pstyle: %s\n", static_cast<const char*>(message.utf8_str()));
     return status;
@@ -46,7 +49,7 @@ int print(const wxArrayString& lines)
     for (const wxString& line : lines)
         std::printf("%s\n", static_cast<const char*>(line.utf8_str()));
     if (std::fflush(stdout) != 0)
-        return fail(exitFailed, "standard output cannot be written");
+        return say(exitFailed, _("standard output cannot be written"));
     return exitDone;
 }
 
@@ -71,9 +74,9 @@ int edit(const Options& options)
     const wxString file = fullPath(options.file);
     const wxString source = fullPath(options.source);
     if (wxFileName::DirExists(file))
-        return fail(exitUsage, file + " is a folder");
+        return say(exitUsage, wxString::Format(_("%s is a folder"), file));
     if (!source.empty() && !wxFileName::FileExists(source))
-        return fail(exitUsage, source + " does not exist");
+        return say(exitUsage, wxString::Format(_("%s does not exist"), source));
     return editPlotStyleTable(file, source, nullptr) ? exitDone : exitFailed;
 }
 
@@ -81,7 +84,7 @@ int create(const Options& options)
 {
     const wxString folder = fullPath(options.file);
     if (!wxFileName::DirExists(folder))
-        return fail(exitUsage, folder + " is not a folder");
+        return say(exitUsage, wxString::Format(_("%s is not a folder"), folder));
     wxString name;
     if (!newPlotStyleTable(name, options.colorDependent, folder, nullptr))
         return exitFailed;
@@ -119,6 +122,7 @@ public:
         if (!wxGetEnv("WXTRACE", nullptr))
             wxLog::SetLogLevel(wxLOG_Info);
         SetAppName("pstyle");
+        ut::loadTranslations();
         SetAppDisplayName(_("Plot Style Table Editor"));
         wxInitAllImageHandlers();
         wxXmlResource::Get()->InitAllHandlers();
@@ -158,62 +162,107 @@ int setFolder(const Options& options)
 {
     const wxString folder = fullPath(options.file);
     if (!wxFileName::DirExists(folder))
-        return fail(exitUsage, folder + " is not a folder");
+        return say(exitUsage, wxString::Format(_("%s is not a folder"), folder));
     if (!ut::setString(ut::ECfgGroup::Paths, "PlotStylePath", folder))
-        return fail(exitFailed, "the configuration cannot be written");
+        return say(exitFailed, _("the configuration cannot be written"));
     if (wxGetEnv("PSTYLE_PLOT_STYLE_PATH", nullptr))
-        std::fputs("pstyle: note: PSTYLE_PLOT_STYLE_PATH is set and goes first\n", stderr);
+        return say(exitDone, _("note: PSTYLE_PLOT_STYLE_PATH is set and goes first"));
     return exitDone;
+}
+
+// The table that a command reads; null, after the user has been told, where it cannot be read.
+OdPsPlotStyleTablePtr sourceTable(const wxString& path)
+{
+    const auto table = cma::loadPlotStyleTable(OdString(path.wc_str()));
+    if (table.isNull())
+        say(exitFailed, wxString::Format(_("%s is not a plot style table"), path));
+    return table;
 }
 
 int exportTable(const Options& options)
 {
     const wxFileName source(fullPath(options.source));
-    const auto table = cma::loadPlotStyleTable(OdString(source.GetFullPath().wc_str()));
+    const auto table = sourceTable(source.GetFullPath());
     if (table.isNull())
-        return fail(exitFailed, source.GetFullPath() + " is not a plot style table");
+        return exitFailed;
     if (options.file.empty())
         return print(csvLines(*table, source.GetFullName()));
     const wxString target = fullPath(options.file);
     if (!exportCsv(*table, source.GetFullName(), target))
-        return fail(exitFailed, "Failed to create or open file: " + target);
+        return say(exitFailed, wxString::Format(_("Failed to create or open file: %ls"), target));
     return exitDone;
+}
+
+// A slip of the hand must not put a picture in the place of a table.
+bool mayBecomePicture(const wxString& path)
+{
+    const wxLogNull noMessages; // about a file that is none or cannot be read
+    return !wxFileName::Exists(path) || wxFileName::GetSize(path) == 0 ||
+           wxPNGHandler().CanRead(path);
+}
+
+int drawTable(const Options& options)
+{
+    const auto table = sourceTable(fullPath(options.source));
+    if (table.isNull())
+        return exitFailed;
+    const wxString target = fullPath(options.file);
+    if (!mayBecomePicture(target))
+        return say(exitFailed,
+                   wxString::Format(_("%s is not a picture and is not replaced"), target));
+    if (!writeTablePicture(*table, options.size, target.utf8_string()))
+        return say(exitFailed, wxString::Format(_("Failed to create or open file: %ls"), target));
+    return exitDone;
+}
+
+int help(const Options&)
+{
+    return print(wxSplit(wxString(wxGetTranslation(usage)).Trim(), '\n'));
+}
+
+int showVersion(const Options&)
+{
+    return print(wxSplit("pstyle " PSTYLE_VERSION, '\n'));
+}
+
+int refuse(const Options& options)
+{
+    wxString reason = wxGetTranslation(options.reason);
+    reason.Replace("%s", wxString::FromUTF8(options.subject));
+    say(exitUsage, reason);
+    return say(exitUsage, _("try 'pstyle --help'"));
 }
 
 int runWithoutWindows(int (*command)(const Options&), const Options& options)
 {
     const wxInitializer toolkit;
+    ut::loadTranslations();
     return command(options);
 }
+
+struct Command
+{
+    Action action;
+    int (*run)(const Options&);
+    bool showsWindows;
+};
+
+const Command commands[] = {
+    {Action::Choose, choose, true},        {Action::Edit, edit, true},
+    {Action::Create, create, true},        {Action::List, list, false},
+    {Action::SetFolder, setFolder, false}, {Action::Export, exportTable, false},
+    {Action::Picture, drawTable, false},   {Action::Help, help, false},
+    {Action::Version, showVersion, false}, {Action::Refuse, refuse, false},
+};
 
 } // namespace
 
 int main(int argc, char** argv)
 {
     const Options options = parseOptions(argc, argv);
-    switch (options.action)
-    {
-    case Action::Choose:
-        return runWithWindows(choose, options, argv[0]);
-    case Action::Edit:
-        return runWithWindows(edit, options, argv[0]);
-    case Action::Create:
-        return runWithWindows(create, options, argv[0]);
-    case Action::List:
-        return runWithoutWindows(list, options);
-    case Action::SetFolder:
-        return runWithoutWindows(setFolder, options);
-    case Action::Export:
-        return runWithoutWindows(exportTable, options);
-    case Action::Help:
-        std::fputs(usage, stdout);
-        return exitDone;
-    case Action::Version:
-        std::puts("pstyle " PSTYLE_VERSION);
-        return exitDone;
-    case Action::Refuse:
-        break;
-    }
-    std::fprintf(stderr, "pstyle: %s\nTry 'pstyle --help'.\n", options.reason.c_str());
-    return exitUsage;
+    const Command* command =
+        std::find_if(std::begin(commands), std::end(commands),
+                     [&](const Command& candidate) { return candidate.action == options.action; });
+    return command->showsWindows ? runWithWindows(command->run, options, argv[0])
+                                 : runWithoutWindows(command->run, options);
 }

@@ -1,0 +1,52 @@
+// What a sheet of a table's styles shows: a line for every run of equal styles. Draws nothing.
+
+#ifndef PSTYLE_SHEET_LINES_H
+#define PSTYLE_SHEET_LINES_H
+
+#include <wx/string.h>
+
+#include <cstdint>
+#include <vector>
+
+class OdPsPlotStyleTable;
+
+/// A line as a run of neighbouring equal styles plots it.
+struct SheetLine
+{
+    enum class End
+    {
+        Butt,
+        Square,
+        Round,
+        Diamond,
+    };
+    enum class Join
+    {
+        Miter,
+        Bevel,
+        Round,
+        Diamond,
+    };
+
+    /// The names of the run's first and last style; of a colour-dependent table, the numbers of
+    /// their colours.
+    wxString label;
+    /// RGB, screened and in grayscale where the style says so. More than one where the styles of a
+    /// colour-dependent table take the colour of the object: then that of each style.
+    std::vector<std::uint32_t> colors;
+    /// In millimetres. An object's own lineweight is drawn as the usual one.
+    double width = usualWidth;
+    /// Lengths of ink and gap by turns, in millimetres; empty for a solid line, as which an
+    /// object's own linetype is drawn.
+    std::vector<double> dashes;
+    /// An object's own end and join are drawn round, as plotters do.
+    End end = End::Round;
+    Join join = Join::Round;
+
+    static constexpr double usualWidth = 0.25;
+};
+
+/// The lines of a table's sheet, in the order of the styles.
+std::vector<SheetLine> sheetLines(const OdPsPlotStyleTable& table);
+
+#endif
