@@ -1,13 +1,4 @@
-# What every target of the project shares: warnings, instrumentation, include roots.
-
-# Gives the toolkit's libraries the name wx::wx; its headers count as system headers.
-function(pstyle_import_wx)
-    add_library(wx::wx INTERFACE IMPORTED GLOBAL)
-    target_include_directories(wx::wx SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
-    target_compile_options(wx::wx INTERFACE ${wxWidgets_CXX_FLAGS})
-    target_compile_definitions(wx::wx INTERFACE ${wxWidgets_DEFINITIONS})
-    target_link_libraries(wx::wx INTERFACE ${wxWidgets_LIBRARIES})
-endfunction()
+# What the targets of the project share: warnings, instrumentation, headers, installation.
 
 # Applies the project's warnings and instrumentation to a target.
 function(pstyle_target_defaults target)
@@ -30,19 +21,30 @@ function(pstyle_target_defaults target)
     endif()
 endfunction()
 
-# Adds a shared library of the bundled platform or host: SOURCES are its files, LINK the targets
-# that its headers need, PRIVATE_LINK those that only its sources need. Its headers are included
-# with the library's folder name (odps/od_ps.h).
+# Installs a library with its public headers, for the package's users under the name pstyle::NAME.
+# LIBDIR is where it is put.
+function(pstyle_install_library name libdir)
+    install(TARGETS ${name} EXPORT pstyle
+        LIBRARY DESTINATION ${libdir} NAMELINK_COMPONENT development
+        FILE_SET HEADERS DESTINATION ${PSTYLE_INCLUDE_DIR} COMPONENT development)
+endfunction()
+
+# Adds a shared library of the bundled platform or host: SOURCES are its files, HEADERS those that
+# others include, LINK the targets that its headers need, PRIVATE_LINK those that only its sources
+# need. Its headers are included with the library's folder name (odps/od_ps.h).
 function(pstyle_add_library name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SOURCES;HEADERS;LINK;PRIVATE_LINK" ${ARGN})
     add_library(${name} SHARED ${arg_SOURCES})
     cmake_path(GET CMAKE_CURRENT_SOURCE_DIR PARENT_PATH include_root)
-    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${include_root}>)
+    target_sources(${name} PUBLIC
+        FILE_SET HEADERS BASE_DIRS ${include_root} FILES ${arg_HEADERS})
     target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    # Their names are a host's own, and too common for the folder that all programs share.
     set_target_properties(${name} PROPERTIES
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+        LIBRARY_OUTPUT_DIRECTORY ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/pstyle)
     pstyle_target_defaults(${name})
-    install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} NAMELINK_SKIP)
+    pstyle_install_library(${name} ${CMAKE_INSTALL_LIBDIR}/pstyle)
 endfunction()
 
 # Makes the target test_support, where the tests have not done it: their makers of table files.
