@@ -10,6 +10,8 @@
 #include "psl_dlg_select_table.h"
 #include "support/screen_image.h"
 
+#include "util/ut.h"
+
 #include <wx/app.h>
 #include <wx/filename.h>
 #include <wx/image.h>
@@ -85,10 +87,10 @@ private:
     {
         std::deque<Shot> shots;
         auto* book = XRCCTRL(*dialog, "NoteBook", wxNotebook);
+        const char* const names[] = {"editor-general", "editor-form-view", "editor-lineweights"};
         for (size_t page = 0; page < book->GetPageCount(); ++page)
         {
-            wxString name = "editor-" + book->GetPageText(page).Lower();
-            name.Replace(" ", "-");
+            const wxString name = names[page];
             shots.push_back({name, [=]
                              {
                                  book->SetSelection(page);
@@ -172,6 +174,7 @@ class ScreenshotApp : public wxApp
 public:
     bool OnInit() override
     {
+        ut::loadTranslations();
         wxInitAllImageHandlers();
         wxXmlResource::Get()->InitAllHandlers();
         return argc >= 3;

@@ -2,6 +2,7 @@
 
 #include "util/ut.h"
 
+#include <wx/arrstr.h>
 #include <wx/fileconf.h>
 #include <wx/filename.h>
 #include <wx/log.h>
@@ -64,6 +65,21 @@ wxString besideProgram(const wxString& folderName)
     return beside.GetPath();
 }
 
+// The first of the user's languages that there is a catalogue for; empty where LANGUAGE names none.
+// The toolkit would let LANG go first, which LANGUAGE overrides.
+wxString preferredLanguage(const wxTranslations& translations)
+{
+    wxArrayString available = translations.GetAvailableTranslations("pstyle");
+    available.Add("en");
+    wxString languages;
+    wxGetEnv("LANGUAGE", &languages);
+    for (const wxString& language : wxSplit(languages, ':'))
+        if (available.Index(language) != wxNOT_FOUND ||
+            available.Index(language.BeforeFirst('_')) != wxNOT_FOUND)
+            return language;
+    return wxString();
+}
+
 } // namespace
 
 wxString getString(ECfgGroup group, const wxString& name)
@@ -92,6 +108,7 @@ void loadTranslations()
     auto* translations = new wxTranslations; // becomes the toolkit's
     wxTranslations::Set(translations);
     wxFileTranslationsLoader::AddCatalogLookupPathPrefix(besideProgram(PSTYLE_LOCALE_DIR));
+    translations->SetLanguage(preferredLanguage(*translations));
     // The catalogue that is added last is asked first.
     translations->AddStdCatalog();
     translations->AddCatalog("pstyle");

@@ -3,6 +3,7 @@
 #include "wxgui/color_dialog.h"
 
 #include "wxgui/color_palette.h"
+#include "wxgui/wxgui.h"
 
 #include <wx/button.h>
 #include <wx/colordlg.h>
@@ -56,6 +57,7 @@ ColorDialog::ColorDialog(wxWindow* parent, const wxString& title, OdCmEntityColo
     all->Add(shown, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, 12));
     all->Add(CreateButtonSizer(wxOK | wxCANCEL),
              wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, 12));
+    showOwnLabels(this);
     SetSizerAndFit(all);
     CentreOnParent();
 

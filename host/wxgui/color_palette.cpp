@@ -4,8 +4,10 @@
 
 #include "odps/od_color.h"
 #include "wxgui/color_dialog.h"
+#include "wxgui/wxgui.h"
 
 #include <wx/dcbuffer.h>
+#include <wx/intl.h>
 #include <wx/settings.h>
 
 #include <algorithm>
@@ -86,6 +88,8 @@ ColorPalette::ColorPalette(wxWindow* parent)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetMinSize(GetSize());
+    setSpokenName(this, _("Index colors"));
+    setSpokenRole(this, SpokenRole::ColorChooser);
     Bind(wxEVT_PAINT, &ColorPalette::onPaint, this);
     Bind(wxEVT_LEFT_DOWN, &ColorPalette::onMouse, this);
     Bind(wxEVT_LEFT_DCLICK, &ColorPalette::onMouse, this);
@@ -102,6 +106,7 @@ ColorPalette::ColorPalette(wxWindow* parent)
 void ColorPalette::setIndex(int index)
 {
     m_index = index;
+    setSpokenValue(this, index == 0 ? wxString() : colorText(indexColor(index)));
     Refresh();
 }
 

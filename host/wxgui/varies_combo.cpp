@@ -2,6 +2,8 @@
 
 #include "wxgui/varies_combo.h"
 
+#include "wxgui/wxgui.h"
+
 #include <wx/dc.h>
 #include <wx/intl.h>
 #include <wx/settings.h>
@@ -25,6 +27,19 @@ VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, co
 {
     Bind(wxEVT_CHAR_HOOK, &VariesCombo::onCharHook, this);
     Bind(wxEVT_COMBOBOX, &VariesCombo::onPicked, this);
+    setSpokenRole(this, SpokenRole::ComboBox);
+}
+
+void VariesCombo::SetSelection(int item)
+{
+    wxOwnerDrawnComboBox::SetSelection(item);
+    speak();
+}
+
+// The field is drawn, which tells a screen reader nothing.
+void VariesCombo::speak()
+{
+    setSpokenValue(this, m_varies ? wxString(_("Varies")) : GetValue());
 }
 
 void VariesCombo::setVaries(bool varies)
@@ -32,12 +47,14 @@ void VariesCombo::setVaries(bool varies)
     if (varies == m_varies)
         return;
     m_varies = varies;
+    speak();
     Refresh();
 }
 
 void VariesCombo::onPicked(wxCommandEvent& event)
 {
     setVaries(false);
+    speak();
     m_pickedByKey = false;
     event.Skip();
 }

@@ -17,6 +17,8 @@ public:
     /// Shows the greyed text "Varies" in the closed field, whatever is selected. Cleared when the
     /// user picks an entry.
     void setVaries(bool varies);
+    using wxOwnerDrawnComboBox::SetSelection;
+    void SetSelection(int item) override;
     bool varies() const { return m_varies; }
 
 protected:
@@ -40,6 +42,7 @@ private:
     void drawText(wxDC& dc, const wxRect& rect, const wxString& text, int flags) const;
     void onCharHook(wxKeyEvent& event);
     void onPicked(wxCommandEvent& event);
+    void speak();
 
     bool m_varies = false;
     bool m_pickedByKey = false;

@@ -111,8 +111,17 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
     setValidators();
     fillLists();
     bindListKeys();
+    nameControls();
     load();
     SetFocus();
+}
+
+// For screen readers, where no label does.
+void DlgPlotStyleEditor::nameControls()
+{
+    wxg::speakList(findControl<wxListCtrl>(*this, "ListStyles"), _("Plot styles"));
+    wxg::speakList(findControl<wxListCtrl>(*this, "ListLineWeights"), _("Lineweights"));
+    wxg::setSpokenName(findControl<wxNotebook>(*this, "NoteBook"), _("Views"));
 }
 
 void DlgPlotStyleEditor::fillColorImages()

@@ -85,6 +85,7 @@ private:
     void onLwIn(wxCommandEvent& event);
     void onUpdateUILwEdit(wxUpdateUIEvent& event);
 
+    void nameControls();
     void fillColorImages();
     void replaceCombos();
     void preparePens();

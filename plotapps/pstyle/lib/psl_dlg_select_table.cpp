@@ -7,6 +7,7 @@
 #include "psl_table_paths.h"
 
 #include "util/ut.h"
+#include "wxgui/wxgui.h"
 #include "wxutils/wut.h"
 
 #include <wx/arrstr.h>
@@ -55,6 +56,7 @@ void DlgSelectTable::onInitDialog(wxInitDialogEvent&)
     SetSize(width, -1);
     Centre(wxBOTH);
     findControl<wxWindow>(*this, "PanelMessage")->SetCanFocus(false);
+    wxg::setSpokenName(findControl<wxWindow>(*this, "BtnBrowse"), _("Browse"));
 
     wxArrayString files;
     const size_t count = getPlotStyleFiles(files);
