@@ -108,7 +108,10 @@ void wxg::speakList(wxListCtrl* list, const wxString& name)
                [list](wxListEvent& event)
                {
                    event.Skip();
-                   setSpokenValue(list, list->GetItemText(event.GetIndex()));
+                   // A list that loses its rows has the focus on none.
+                   const long row = event.GetIndex();
+                   const bool isRow = row >= 0 && row < list->GetItemCount();
+                   setSpokenValue(list, isRow ? list->GetItemText(row) : wxString());
                });
 }
 
