@@ -431,7 +431,7 @@ TEST_F(OnScreen, NothingIsCutOffInAnyLanguage)
     for (const std::string language : {"en", "de", "fr"})
     {
         const Language user(language.c_str());
-        inspect([&] { editPlotStyleTable(table, nullptr); },
+        inspect([&] { DlgPlotStyleEditor(table, wxString(), nullptr).ShowModal(); },
                 [&](wxDialog& dialog)
                 {
                     auto* book = find<wxNotebook>(dialog, "NoteBook");
@@ -445,7 +445,7 @@ TEST_F(OnScreen, NothingIsCutOffInAnyLanguage)
                         expectNothingCutOff(language + " page " + std::to_string(page), dialog);
                     }
                 });
-        inspect([] { startPlotStyleEditor(nullptr); },
+        inspect([] { DlgSelectTable(nullptr).ShowModal(); },
                 [&](wxDialog& dialog)
                 {
                     for (const char* mode : {"RadOpen", "RadNew", "RadCopy"})
@@ -460,13 +460,9 @@ TEST_F(OnScreen, NothingIsCutOffInAnyLanguage)
                     }
                 });
         for (const bool colorDependent : {false, true})
-            inspect(
-                [&]
-                {
-                    wxString name;
-                    newPlotStyleTable(name, colorDependent, folder.path(), nullptr);
-                },
-                [&](wxDialog& dialog) { expectNothingCutOff(language + " new table", dialog); });
+            inspect([&] { DlgNewTable(colorDependent, folder.path(), nullptr).ShowModal(); },
+                    [&](wxDialog& dialog)
+                    { expectNothingCutOff(language + " new table", dialog); });
         inspect([] { wxg::ColorDialog(nullptr, "Colors", wxg::indexColor(5)).ShowModal(); },
                 [&](wxDialog& dialog) { expectNothingCutOff(language + " colors", dialog); });
     }

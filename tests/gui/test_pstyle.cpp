@@ -7,6 +7,7 @@
 #include <wx/dir.h>
 #include <wx/filename.h>
 #include <wx/gdicmn.h>
+#include <wx/image.h>
 #include <wx/stopwatch.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
@@ -107,8 +108,8 @@ TEST_F(WithoutADisplay, ShowsHelpAndVersion)
     const Result help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.output.find("Usage: pstyle"), std::string::npos);
-    for (const char* option :
-         {"--source", "--new", "--list", "--folder", "--export", "--help", "--version", "FILE"})
+    for (const char* option : {"--source", "--new", "--list", "--folder", "--export", "--picture",
+                               "--size", "--help", "--version", "FILE"})
         EXPECT_NE(help.output.find(option), std::string::npos) << option;
     EXPECT_EQ(help.errors, "");
 
@@ -309,4 +310,138 @@ TEST_F(WithoutADisplay, ReportsWhatItCannotExport)
         run({"--export", makeTable("table.stb"), folder.file("missing/table.csv")});
     EXPECT_EQ(noTarget.status, 1);
     EXPECT_NE(noTarget.errors.find("Failed to create or open file: "), std::string::npos);
+}
+
+namespace
+{
+
+// The picture at a path, which must be one.
+wxImage imageAt(const wxString& path)
+{
+    wxImage image(path, wxBITMAP_TYPE_PNG);
+    if (!image.IsOk())
+        throw std::runtime_error("no picture: " + path.utf8_string());
+    return image;
+}
+
+// How many pixels have a colour that `wanted` takes.
+int count(const wxImage& image, const std::function<bool(int red, int green, int blue)>& wanted)
+{
+    int found = 0;
+    for (int y = 0; y < image.GetHeight(); ++y)
+        for (int x = 0; x < image.GetWidth(); ++x)
+            found += wanted(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y));
+    return found;
+}
+
+} // namespace
+
+TEST_F(WithoutADisplay, DrawsATable)
+{
+    const wxString table = makeTable("table.stb",
+                                     [](OdPsPlotStyleTable& names)
+                                     {
+                                         OdPsPlotStyleData red;
+                                         red.color = OdCmEntityColor(255, 0, 0);
+                                         red.lineweight = 27;
+                                         names.addNewStyle(L"Red")->setData(red);
+                                     });
+    const wxString picture = folder.file("table.png");
+    const Result result = run({"--picture", table, picture});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output + result.errors, "");
+    const wxImage image = imageAt(picture);
+    EXPECT_EQ(image.GetSize(), wxSize(362, 512));
+    const int red = count(image, [](int r, int g, int b) { return r == 255 && g == 0 && b == 0; });
+    const int black = count(image, [](int r, int g, int b) { return r + g + b < 30; });
+    const int paper = count(image, [](int r, int g, int b) { return r + g + b == 3 * 255; });
+    EXPECT_GT(red, 1000) << "a line of two millimetres";
+    EXPECT_GT(black, 100);
+    EXPECT_LT(black, red / 2) << "a line of a quarter of a millimetre";
+    EXPECT_GT(paper, 362 * 512 / 2);
+
+    EXPECT_EQ(run({"--size", "64", "--picture", table, picture}).status, 0) << "replaced";
+    EXPECT_EQ(imageAt(picture).GetSize(), wxSize(45, 64));
+    for (const char* size : {"16", "4096"})
+        EXPECT_EQ(run({"--picture", table, picture, "--size", size}).status, 0) << size;
+}
+
+TEST_F(WithoutADisplay, DrawsTablesOfAnySize)
+{
+    const wxString picture = folder.file("table.png");
+    const auto draw = [&](const char* name, const std::function<void(OdPsPlotStyleTable&)>& change)
+    {
+        EXPECT_EQ(run({"--picture", makeTable(name, change), picture}).status, 0) << name;
+        return imageAt(picture);
+    };
+    const auto isInk = [](int r, int g, int b) { return r + g + b < 3 * 150; };
+    EXPECT_EQ(count(draw("none.stb",
+                         [](OdPsPlotStyleTable& names) { names.deleteStyle(names.styleAt(0)); }),
+                    isInk),
+              0);
+    const wxImage many =
+        draw("many.stb",
+             [](OdPsPlotStyleTable& names)
+             {
+                 OdPsPlotStyleData data;
+                 for (int i = 0; i < 3000; ++i)
+                 {
+                     data.screening = i % 2 ? 100 : 60;
+                     names.addNewStyle(OdString(std::to_wstring(i).c_str()))->setData(data);
+                 }
+             });
+    EXPECT_GT(count(many, isInk), 2000);
+    const wxImage colors = draw("colors.ctb",
+                                [](OdPsPlotStyleTable& table)
+                                {
+                                    for (int i = 0; i < 255; ++i)
+                                    {
+                                        OdPsPlotStyleData data;
+                                        data.lineweight = 1 + i % 27;
+                                        table.styleAt(i)->setData(data);
+                                    }
+                                });
+    const auto isRed = [](int r, int g, int b) { return r > 200 && g < 60 && b < 60; };
+    EXPECT_GT(count(colors, isRed), 10) << "an object's colour is that of its index";
+}
+
+TEST_F(WithoutADisplay, RefusesToDrawOverAnotherFile)
+{
+    const wxString table = makeTable("table.ctb");
+    const std::string before = readBytes(table);
+    const Result result = run({"--picture", table, table});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors.find("is not a picture and is not replaced"), std::string::npos);
+    EXPECT_EQ(readBytes(table), before);
+    EXPECT_EQ(run({"--picture", table, makeFile("empty", "")}).status, 0)
+        << "as the folder view's programs make one beforehand";
+}
+
+TEST_F(WithoutADisplay, ReportsWhatItCannotDraw)
+{
+    const Result noTable =
+        run({"--picture", makeFile("text.ctb", "no table"), folder.file("a.png")});
+    EXPECT_EQ(noTable.status, 1);
+    EXPECT_NE(noTable.errors.find("is not a plot style table"), std::string::npos);
+    const wxString table = makeTable("table.ctb");
+    const Result noTarget = run({"--picture", table, folder.file("missing/a.png")});
+    EXPECT_EQ(noTarget.status, 1);
+    EXPECT_NE(noTarget.errors.find("Failed to create or open file: "), std::string::npos);
+    const std::vector<std::vector<wxString>> wrong{
+        {"--picture", table},          {"--picture", table, "a.png", "--size", "15"},
+        {"--size", "64", table},       {"--picture", table, "a.png", "--size", "4097"},
+        {"--size", "64", "--list"},    {"--picture", table, "a.png", "--size", "12x"},
+        {"--picture", table, "a", "b"}};
+    for (const auto& arguments : wrong)
+        EXPECT_EQ(run(arguments).status, 2) << arguments.back();
+}
+
+TEST_F(WithoutADisplay, SpeaksTheUsersLanguage)
+{
+    environment.push_back({"LANGUAGE", "de"});
+    EXPECT_EQ(run({"--export", makeFile("text.ctb", "no table")}).errors,
+              "pstyle: " + folder.file("text.ctb").utf8_string() + " ist keine Plotstiltabelle\n");
+    EXPECT_NE(run({"--help"}).output.find("Aufruf: pstyle"), std::string::npos);
+    EXPECT_EQ(run({"--nonsense"}).errors,
+              "pstyle: unbekannte Option --nonsense\npstyle: siehe „pstyle --help“\n");
 }

@@ -127,11 +127,21 @@ void DialogAnswers::type(const wxString& text)
 
 void DialogAnswers::run(std::function<void(wxDialog*)> script)
 {
+    run(std::move(script), true);
+}
+
+void DialogAnswers::start(std::function<void(wxDialog*)> script)
+{
+    run(std::move(script), false);
+}
+
+void DialogAnswers::run(std::function<void(wxDialog*)> script, bool endsAfterwards)
+{
     m_answers.push_back(
-        [script](wxDialog* dialog)
+        [script, endsAfterwards](wxDialog* dialog)
         {
             dialog->CallAfter(
-                [script, dialog]
+                [script, endsAfterwards, dialog]
                 {
                     try
                     {
@@ -141,7 +151,7 @@ void DialogAnswers::run(std::function<void(wxDialog*)> script)
                     {
                         ADD_FAILURE() << error.what();
                     }
-                    if (dialog->IsModal())
+                    if (endsAfterwards && dialog->IsModal())
                         dialog->EndModal(wxID_CANCEL);
                 });
             return int(wxID_NONE);

@@ -105,6 +105,8 @@ public:
     void type(const wxString& text);
     /// Runs `script` in the next dialog's own loop and then ends that loop, unless the script did.
     void run(std::function<void(wxDialog*)> script);
+    /// The same, but it is what the script sets off that ends the dialog.
+    void start(std::function<void(wxDialog*)> script);
 
     const std::vector<ShownDialog>& shown() const { return m_shown; }
 
@@ -112,6 +114,8 @@ protected:
     int Enter(wxDialog* dialog) override;
 
 private:
+    void run(std::function<void(wxDialog*)> script, bool endsAfterwards);
+
     std::deque<Answer> m_answers;
     std::vector<ShownDialog> m_shown;
 };

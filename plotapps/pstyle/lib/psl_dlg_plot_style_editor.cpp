@@ -111,6 +111,7 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
     setValidators();
     fillLists();
     bindListKeys();
+    Bind(wxEVT_CHAR_HOOK, &DlgPlotStyleEditor::onReturn, this);
     nameControls();
     load();
     SetFocus();

@@ -116,6 +116,7 @@ private:
     bool isEditable(const std::vector<int>& selectedStyles) const;
     std::vector<int> selectedStyles() const;
     void bindListKeys();
+    void onReturn(wxKeyEvent& event);
     bool onStyleKey(const wxKeyEvent& event);
     void selectAllStyles();
     wxString askForStyleName();

@@ -10,11 +10,16 @@
 #include "wxgui/wxgui.h"
 
 #include <wx/button.h>
+#include <wx/checkbox.h>
 #include <wx/filedlg.h>
 #include <wx/intl.h>
 #include <wx/listctrl.h>
 #include <wx/log.h>
 #include <wx/msgdlg.h>
+#include <wx/notebook.h>
+#include <wx/odcombo.h>
+#include <wx/radiobut.h>
+#include <wx/textctrl.h>
 #include <wx/weakref.h>
 
 namespace
@@ -128,6 +133,40 @@ bool DlgPlotStyleEditor::commitPendingEdit()
             focused->SetFocus();
     }
     return m_refusedEdits == refusalsBefore && !m_refusedByClick;
+}
+
+namespace
+{
+
+// Whether Return has nothing to do for a control that has the focus: no entry to end, no line to
+// break, no list to close, no button to press.
+bool hasNoUseForReturn(wxWindow* control)
+{
+    const auto* combo = wxDynamicCast(control, wxOwnerDrawnComboBox);
+    return wxDynamicCast(control, wxNotebook) || wxDynamicCast(control, wxCheckBox) ||
+           wxDynamicCast(control, wxRadioButton) || (combo && !combo->IsPopupShown()) ||
+           (control && wxDynamicCast(control->GetParent(), wxListCtrl) &&
+            !wxDynamicCast(control, wxTextCtrl));
+}
+
+} // namespace
+
+// Return confirms the dialog, where it has nothing else to do. A default button would get it from
+// the fields, too.
+void DlgPlotStyleEditor::onReturn(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    const bool isReturn = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+    wxWindow* confirm = FindWindow(wxID_OK);
+    if (!isReturn || event.HasAnyModifiers() || !hasNoUseForReturn(FindFocus()) ||
+        !confirm->IsEnabled())
+    {
+        event.Skip();
+        return;
+    }
+    wxCommandEvent pressed(wxEVT_BUTTON, wxID_OK);
+    pressed.SetEventObject(confirm);
+    confirm->HandleWindowEvent(pressed);
 }
 
 // A click on a button ends an edit first and reaches the button's handler at once. Whatever the
