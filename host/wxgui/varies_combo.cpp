@@ -27,6 +27,13 @@ VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, co
 {
     Bind(wxEVT_CHAR_HOOK, &VariesCombo::onCharHook, this);
     Bind(wxEVT_COMBOBOX, &VariesCombo::onPicked, this);
+    Bind(wxEVT_SIZE,
+         [this](wxSizeEvent& event)
+         {
+             event.Skip();
+             // The toolkit lays the field out after this.
+             CallAfter(&VariesCombo::speak);
+         });
     setSpokenRole(this, SpokenRole::ComboBox);
 }
 
@@ -36,10 +43,22 @@ void VariesCombo::SetSelection(int item)
     speak();
 }
 
-// The field is drawn, which tells a screen reader nothing.
+// The field is drawn, which tells a screen reader nothing, and may be too narrow for its text.
 void VariesCombo::speak()
 {
-    setSpokenValue(this, m_varies ? wxString(_("Varies")) : GetValue());
+    const wxString text = m_varies ? wxString(_("Varies")) : GetValue();
+    const int room = GetTextRect().width - (m_varies ? 0 : textIndent(GetSelection())) - 2 * gap;
+    if (showsText() && GetTextExtent(text).x > room)
+        SetToolTip(text);
+    else
+        UnsetToolTip();
+    setSpokenValue(this, text);
+}
+
+// Where the text of an entry begins, behind its picture.
+int VariesCombo::textIndent(int item) const
+{
+    return item >= 0 && picture(item).IsOk() ? pictureSize().x + gap : 0;
 }
 
 void VariesCombo::setVaries(bool varies)
@@ -112,8 +131,8 @@ void VariesCombo::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) 
             rect.GetPosition() + wxPoint(gap + (room.x - size.x) / 2, (rect.height - size.y) / 2);
         const bool disabled = isField && !IsThisEnabled();
         dc.DrawBitmap(disabled ? bitmap.ConvertToDisabled() : bitmap, corner, true);
-        textRect.x += room.x + gap;
-        textRect.width -= room.x + gap;
+        textRect.x += textIndent(item);
+        textRect.width -= textIndent(item);
     }
     if (showsText())
         drawText(dc, textRect, GetString(static_cast<unsigned>(item)), flags);

@@ -43,6 +43,7 @@ private:
     void onCharHook(wxKeyEvent& event);
     void onPicked(wxCommandEvent& event);
     void speak();
+    int textIndent(int item) const;
 
     bool m_varies = false;
     bool m_pickedByKey = false;

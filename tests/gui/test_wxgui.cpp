@@ -234,6 +234,23 @@ TEST_F(ImageCombos, IsOperatedByArrowKeysAndTypedLetters)
     EXPECT_EQ(picks, 2);
 }
 
+TEST_F(ImageCombos, HasATipWhereTheFieldIsTooNarrow)
+{
+    show();
+    combo->setValue(5);
+    EXPECT_EQ(combo->GetToolTipText(), "");
+    combo->SetSize(60, -1);
+    EXPECT_TRUE(waitFor([this] { return combo->GetToolTipText() == combo->GetValue(); }));
+    combo->SetSize(400, -1);
+    EXPECT_TRUE(waitFor([this] { return combo->GetToolTipText().empty(); }));
+    const wxString longText(300, 'x');
+    combo->setItem(0, longText, wxNullBitmap);
+    combo->SetSelection(0);
+    EXPECT_EQ(combo->GetToolTipText(), longText);
+    combo->setVaries(true);
+    EXPECT_EQ(combo->GetToolTipText(), "") << "the word has room";
+}
+
 TEST_F(ImageCombos, LeavesMnemonicsToTheDialog)
 {
     auto* button = new wxButton(panel, wxID_ANY, "&Blue", wxPoint(10, 100));

@@ -142,11 +142,11 @@ namespace
 // break, no list to close, no button to press.
 bool hasNoUseForReturn(wxWindow* control)
 {
-    const auto* combo = wxDynamicCast(control, wxOwnerDrawnComboBox);
-    return wxDynamicCast(control, wxNotebook) || wxDynamicCast(control, wxCheckBox) ||
-           wxDynamicCast(control, wxRadioButton) || (combo && !combo->IsPopupShown()) ||
-           (control && wxDynamicCast(control->GetParent(), wxListCtrl) &&
-            !wxDynamicCast(control, wxTextCtrl));
+    const auto* combo = dynamic_cast<wxOwnerDrawnComboBox*>(control);
+    const bool isListRow = control && dynamic_cast<wxListCtrl*>(control->GetParent()) &&
+                           !dynamic_cast<wxTextCtrl*>(control);
+    return isListRow || (combo && !combo->IsPopupShown()) || dynamic_cast<wxNotebook*>(control) ||
+           dynamic_cast<wxCheckBox*>(control) || dynamic_cast<wxRadioButton*>(control);
 }
 
 } // namespace
