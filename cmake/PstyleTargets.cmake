@@ -39,6 +39,8 @@ function(pstyle_add_library name)
     target_sources(${name} PUBLIC
         FILE_SET HEADERS BASE_DIRS ${include_root} FILES ${arg_HEADERS})
     target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    # Nobody replaces single functions of these libraries, so calls within a file may be inlined.
+    target_compile_options(${name} PRIVATE -fno-semantic-interposition)
     # Their names are a host's own, and too common for the folder that all programs share.
     set_target_properties(${name} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
