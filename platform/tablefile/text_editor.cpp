@@ -109,7 +109,7 @@ private:
     void editStyleNames();
 
     StyleValues originalValues(const StyleFields& fields, std::size_t position) const;
-    StyleFields fieldsOf(const StyleGroup& group);
+    const StyleFields& fieldsOf(const StyleGroup& group);
     void editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
                    const OdPsPlotStyle& style);
     bool isDefaultColorStyle(std::size_t position) const;
@@ -225,7 +225,7 @@ void TableEditor::editLineweights()
     insertLines(m_edits, static_cast<std::uint32_t>(m_text.size()), std::move(missing));
 }
 
-StyleFields TableEditor::fieldsOf(const StyleGroup& group)
+const StyleFields& TableEditor::fieldsOf(const StyleGroup& group)
 {
     LineCursor lines(m_text, group.span.begin);
     lines.next();
@@ -247,7 +247,7 @@ StyleValues TableEditor::originalValues(const StyleFields& fields, std::size_t p
 void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
                             const OdPsPlotStyle& style)
 {
-    const StyleFields fields = fieldsOf(group);
+    const StyleFields& fields = fieldsOf(group);
     const StyleValues original = originalValues(fields, position);
     const StyleValues now = valuesOf(style);
     const std::uint32_t first = lineEnd(m_text, group.span.begin);

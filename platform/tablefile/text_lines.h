@@ -18,10 +18,11 @@ struct Span
 
     explicit operator bool() const noexcept { return begin != 0; }
     std::string_view in(std::string_view text) const { return text.substr(begin, end - begin); }
+    Span moved(std::uint32_t distance) const { return {begin + distance, end + distance}; }
 };
 
-/// The number of bytes of the whole lines that two texts have in common at their beginnings.
-std::size_t commonLines(std::string_view a, std::string_view b);
+/// The number of bytes that two texts have in common at their beginnings.
+std::uint32_t commonPrefix(std::string_view a, std::string_view b);
 
 /// Walks over the lines of a text.
 class LineCursor
@@ -44,21 +45,28 @@ public:
     /// Goes to the next line. @return false at the end of the text
     bool next();
 
-    /// Passes over lines as long as they are the expected ones, which is much cheaper than taking
-    /// them apart. @return the number of bytes passed over
-    std::uint32_t pass(std::string_view expected);
+    /// Goes to the next line, of which it is known that it has a value and where that begins.
+    void nextValue(std::uint32_t value);
+    /// Passes over lines, to the one that begins at a position.
+    void skipTo(std::uint32_t position) noexcept { m_next = position; }
 
     Kind kind() const noexcept { return m_kind; }
     /// What stands in front of `=` or `{`.
     std::string_view key() const noexcept { return m_key; }
     /// What follows the `=`, without the line's end.
     Span value() const noexcept { return m_value; }
+    /// The line with its end.
+    Span span() const noexcept { return {begin(), end()}; }
+    /// What follows the line.
+    std::string_view rest() const { return m_text.substr(m_next); }
     /// Where the line begins.
     std::uint32_t begin() const noexcept { return m_begin; }
     /// Where the next line begins.
     std::uint32_t end() const noexcept { return static_cast<std::uint32_t>(m_next); }
 
 private:
+    const char* endLine(const char* from);
+
     std::string_view m_text;
     std::size_t m_next;
     std::uint32_t m_begin = 0;
@@ -67,13 +75,24 @@ private:
     Span m_value;
 };
 
-inline std::uint32_t LineCursor::pass(std::string_view expected)
+/// Ends the next line where the first line break comes. @return the end of what is on it
+inline const char* LineCursor::endLine(const char* from)
 {
-    // Mostly all of them are the expected ones, which is quickly found out.
-    const std::string_view coming = m_text.substr(m_next, expected.size());
-    const std::size_t size = coming == expected ? expected.size() : commonLines(coming, expected);
-    m_next += size;
-    return static_cast<std::uint32_t>(size);
+    const char* const end = m_text.data() + m_text.size();
+    const auto length = static_cast<std::size_t>(end - from);
+    const auto* last = static_cast<const char*>(std::memchr(from, '\n', length));
+    m_begin = static_cast<std::uint32_t>(m_next);
+    m_next = last ? static_cast<std::size_t>(last + 1 - m_text.data()) : m_text.size();
+    if (!last)
+        last = end;
+    return last > from && last[-1] == '\r' ? last - 1 : last;
+}
+
+inline void LineCursor::nextValue(std::uint32_t value)
+{
+    const char* const last = endLine(m_text.data() + value);
+    m_kind = Kind::Value;
+    m_value = {value, static_cast<std::uint32_t>(last - m_text.data())};
 }
 
 inline bool LineCursor::next()
@@ -83,13 +102,7 @@ inline bool LineCursor::next()
         return false;
     const char* const text = m_text.data();
     const char* first = text + m_next;
-    const auto* last = static_cast<const char*>(std::memchr(first, '\n', m_text.size() - m_next));
-    m_begin = static_cast<std::uint32_t>(m_next);
-    m_next = last ? static_cast<std::size_t>(last + 1 - text) : m_text.size();
-    if (!last)
-        last = text + m_text.size();
-    if (last > first && last[-1] == '\r')
-        --last;
+    const char* last = endLine(first);
     while (first < last && isBlank(*first))
         ++first;
 

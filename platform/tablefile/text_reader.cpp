@@ -108,24 +108,16 @@ void readStyleValue(std::string_view text, StyleKey key, Span value, OdPsPlotSty
         data.lineweight = lineweightOf(integerAt<std::int32_t>(text, value));
 }
 
-/// Copies what readStyleValue() reads.
-void copyStyleValue(StyleKey key, const OdPsPlotStyleData& from, OdPsPlotStyleData& to)
+/// The key that decides the colour of a style.
+std::size_t colorKey(const StyleFields& fields)
 {
-    if (const auto number = kStyleNumbers[indexOf(key)])
-        to.*number = from.*number;
-    else if (key == StyleKey::LinePatternSize)
-        to.linePatternSize = from.linePatternSize;
-    else if (key == StyleKey::AdaptiveLinetype)
-        to.adaptiveLinetype = from.adaptiveLinetype;
-    else if (key == StyleKey::Lineweight)
-        to.lineweight = from.lineweight;
+    return indexOf(fields.value(StyleKey::ModeColor) ? StyleKey::ModeColor : StyleKey::Color);
 }
 
-/// The value that decides the colour of a style.
-Span colorValue(const StyleFields& fields)
+/// Where a line has no value: what differs in the line, does so in front of it.
+Span behind(const LineCursor& line)
 {
-    const Span modeColor = fields.value(StyleKey::ModeColor);
-    return modeColor ? modeColor : fields.value(StyleKey::Color);
+    return {line.end(), line.end()};
 }
 
 bool isNameless(const OdPsPlotStyle& style)
@@ -224,7 +216,7 @@ void TableReader::readStyles(LineCursor& lines)
 
 void TableReader::addStyle(LineCursor& lines, std::uint32_t begin, std::uint32_t number)
 {
-    const StyleFields fields = m_styles.read(lines);
+    const StyleFields& fields = m_styles.read(lines);
     readStyleTexts(m_text, fields, m_texts);
     auto* const style = new OdPsPlotStyleImpl(m_texts.name, m_texts.localizedName,
                                               m_texts.description, fields.data);
@@ -350,75 +342,90 @@ TableValues readTableValues(const Origin& origin)
     return values;
 }
 
-StyleFields StyleReader::read(LineCursor& lines)
+const StyleFields& StyleReader::read(LineCursor& lines)
 {
-    StyleFields fields;
+    if (!readLikeLast(lines))
+        readAfresh(lines);
+    return m_last;
+}
+
+/// Reads a group that has the keys of the group before, in the same order. Only values that differ
+/// are looked at. @return whether it is such a group; if not, `lines` stands where it stood
+bool StyleReader::readLikeLast(LineCursor& lines)
+{
+    const std::uint32_t first = lines.end();
+    for (auto line = m_lines.begin(); line != m_lines.end(); ++line)
+    {
+        const Span expected = {line->span.begin, m_lines.back().span.end};
+        const std::uint32_t distance = lines.end() - expected.begin;
+        const std::uint32_t same = lines.end() + commonPrefix(expected.in(m_text), lines.rest());
+        for (; line != m_lines.end() && line->span.end + distance <= same; ++line)
+            setLine(*line, line->span.moved(distance), line->value.moved(distance));
+        if (line == m_lines.end())
+        {
+            lines.skipTo(m_lines.back().span.end);
+            return true;
+        }
+        const std::uint32_t value = line->value.begin + distance;
+        if (same < value)
+            break;
+        lines.skipTo(line->span.begin + distance);
+        lines.nextValue(value);
+        setLine(*line, lines.span(), lines.value());
+        if (line->key < kStyleKeys.size())
+            readStyleValue(m_text, static_cast<StyleKey>(line->key), line->value, m_last.data);
+        if (line->key == colorKey(m_last))
+            readColor();
+    }
+    lines.skipTo(first);
+    return false;
+}
+
+/// Reads a group line by line.
+void StyleReader::readAfresh(LineCursor& lines)
+{
+    m_last = {};
+    m_lines.clear();
+    bool isPlain = true;
     std::size_t expected = 0;
     for (nextLine(lines); lines.kind() != Kind::Close; nextLine(lines))
     {
+        const bool isValue = lines.kind() == Kind::Value;
+        const std::size_t key =
+            isValue ? findKey(kStyleKeys, lines.key(), expected) : kStyleKeys.size();
+        const bool isKnown = key < kStyleKeys.size();
+        // The first of several lines of a key counts.
+        const bool isSecond = isKnown && m_last.values[key];
+        isPlain = isPlain && !isSecond && lines.kind() != Kind::Open && m_lines.size() < kMostLines;
+        if (isPlain)
+            m_lines.push_back({key, lines.span(), isValue ? lines.value() : behind(lines)});
         if (lines.kind() == Kind::Open)
-        {
-            fields.isPlain = false;
             skipGroup(lines);
-        }
-        const std::size_t key = lines.kind() == Kind::Value
-                                    ? findKey(kStyleKeys, lines.key(), expected)
-                                    : kStyleKeys.size();
-        if (key == kStyleKeys.size())
+        if (!isKnown || isSecond)
             continue;
         expected = key + 1;
-        // The first of several lines of a key counts.
-        fields.isPlain = fields.isPlain && !fields.values[key];
-        if (fields.values[key])
-            continue;
-        fields.values[key] = lines.value();
-        readStyleValue(m_text, static_cast<StyleKey>(key), lines.value(), fields.data);
-        if (passCommonLines(lines, key, fields))
-            break;
+        m_last.values[key] = lines.value();
+        readStyleValue(m_text, static_cast<StyleKey>(key), lines.value(), m_last.data);
     }
-    fields.data.color = readColor(fields);
-    m_last = fields;
-    m_lastEnd = lines.end();
-    return fields;
+    m_lines.push_back({kStyleKeys.size(), lines.span(), behind(lines)});
+    if (!isPlain)
+        m_lines.clear();
+    readColor();
 }
 
-/// Passes over the lines that follow the line of a key here as well as in the style before.
-/// @return whether that was the whole rest of the group
-bool StyleReader::passCommonLines(LineCursor& lines, std::size_t key, StyleFields& fields) const
+/// Takes over a line of a group into what is known of it.
+void StyleReader::setLine(Line& line, Span span, Span value)
 {
-    const Span last = m_last.values[key];
-    if (!last || !m_last.isPlain)
-        return false;
-    const auto begin = static_cast<std::uint32_t>(m_text.find('\n', last.end) + 1);
-    const std::uint32_t distance = lines.end() - begin;
-    const std::uint32_t end = begin + lines.pass(Span{begin, m_lastEnd}.in(m_text));
-    if (end == begin)
-        return false;
-    OdPsPlotStyleData data = m_last.data;
-    for (std::size_t i = 0; i < fields.values.size(); ++i)
-    {
-        const Span value = m_last.values[i];
-        const bool isPassed = value.begin >= begin && value.begin < end;
-        fields.isPlain = fields.isPlain && !(isPassed && fields.values[i]);
-        if (isPassed && !fields.values[i])
-            fields.values[i] = {value.begin + distance, value.end + distance};
-        else
-            copyStyleValue(static_cast<StyleKey>(i), fields.data, data);
-    }
-    fields.data = data;
-    return end == m_lastEnd;
+    line.span = span;
+    line.value = value;
+    if (line.key < kStyleKeys.size())
+        m_last.values[line.key] = value;
 }
 
-/// Reads the colour that a group gives. Runs of styles have the same one.
-OdCmEntityColor StyleReader::readColor(const StyleFields& fields) const
+void StyleReader::readColor()
 {
-    const Span color = colorValue(fields);
-    const Span last = colorValue(m_last);
-    if (!color)
-        return {};
-    if (last && last.in(m_text) == color.in(m_text))
-        return m_last.data.color;
-    return colorOf(colorAt(m_text, color));
+    if (const Span color = m_last.values[colorKey(m_last)])
+        m_last.data.color = colorOf(colorAt(m_text, color));
 }
 
 void readStyleTexts(std::string_view text, const StyleFields& fields, StyleTexts& texts)

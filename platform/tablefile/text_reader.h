@@ -49,13 +49,12 @@ struct StyleFields
 {
     std::array<Span, kStyleKeys.size()> values; ///< no span where a key is missing
     OdPsPlotStyleData data;
-    bool isPlain = true; ///< whether there are neither groups nor second lines of a key in it
 
     Span value(StyleKey key) const { return values[indexOf(key)]; }
 };
 
 /// Reads style groups. Most lines of a style repeat those of the style before it; the reader
-/// remembers that one, and takes over the values of such lines without reading them again.
+/// remembers that one, and of a style with the same keys it reads only the values that differ.
 class StyleReader
 {
 public:
@@ -64,17 +63,32 @@ public:
     {
     }
 
-    /// Reads a group up to its closing line. @param lines stands on the opening line
+    /// Reads a group up to its end. @param lines stands on the opening line
+    /// @return its contents, until another group is read
     /// @throw Error when a value is not what it must be
-    StyleFields read(LineCursor& lines);
+    const StyleFields& read(LineCursor& lines);
 
 private:
-    bool passCommonLines(LineCursor& lines, std::size_t key, StyleFields& fields) const;
-    OdCmEntityColor readColor(const StyleFields& fields) const;
+    /// More lines than the group of any usual style has.
+    static constexpr std::size_t kMostLines = 64;
+
+    struct Line
+    {
+        std::size_t key; ///< the number of keys where the line has none of them
+        Span span;
+        Span value;
+    };
+
+    bool readLikeLast(LineCursor& lines);
+    void readAfresh(LineCursor& lines);
+    void setLine(Line& line, Span span, Span value);
+    void readColor();
 
     std::string_view m_text;
-    StyleFields m_last;          ///< the style that was read last
-    std::uint32_t m_lastEnd = 0; ///< where its closing line ends
+    StyleFields m_last; ///< the style that was read last
+    /// The lines of its group, the closing one too; none where a line stands for more than itself:
+    /// in a group within the group, or as the second of its key.
+    std::vector<Line> m_lines;
 };
 
 /// The texts of a style.
