@@ -18,6 +18,14 @@ bool hasIndex(const Values& values, int index)
     return index >= 0 && static_cast<std::size_t>(index) < values.size();
 }
 
+/// Copies a text with a NUL behind it. @return where the copy ends
+wchar_t* copyText(std::wstring_view text, wchar_t* to)
+{
+    to = std::copy(text.begin(), text.end(), to);
+    *to = L'\0';
+    return to + 1;
+}
+
 /// Adds a style under its own localized name; the first of several alike names wins.
 void addToMap(OdPs::OdPsStyleMap& map, const OdPsPlotStylePtr& style)
 {
@@ -34,25 +42,36 @@ OdString OdPs::colorStyleName(int position)
 }
 
 OdPs::Text::Text(std::wstring_view text)
+    : m_copy(new wchar_t[text.size() + 1])
+    , m_text(m_copy.get())
 {
-    if (text.empty())
-        return;
-    m_text.reset(new wchar_t[text.size() + 1]);
-    *std::copy(text.begin(), text.end(), m_text.get()) = L'\0';
+    (void)copyText(text, m_copy.get());
 }
 
-std::size_t OdPs::Text::memoryUse() const noexcept
+OdPsPlotStyleImpl* OdPsPlotStyleImpl::make(std::wstring_view name, std::wstring_view localizedName,
+                                           std::wstring_view description,
+                                           const OdPsPlotStyleData& data)
 {
-    return m_text ? (std::wcslen(m_text.get()) + 1) * sizeof(wchar_t) + kBlockOverhead : 0;
+    const bool hasOneName = name == localizedName;
+    const std::size_t length =
+        localizedName.size() + 1 + description.size() + 1 + (hasOneName ? 0 : name.size() + 1);
+    void* const block = ::operator new(sizeof(OdPsPlotStyleImpl) + length * sizeof(wchar_t));
+    auto* const first =
+        reinterpret_cast<wchar_t*>(static_cast<char*>(block) + sizeof(OdPsPlotStyleImpl));
+    wchar_t* const second = copyText(localizedName, first);
+    wchar_t* const third = copyText(description, second);
+    if (!hasOneName)
+        (void)copyText(name, third);
+    return ::new (block) OdPsPlotStyleImpl(OdPs::Text::kept(hasOneName ? first : third),
+                                           OdPs::Text::kept(first), OdPs::Text::kept(second), data);
 }
 
-OdPsPlotStyleImpl::OdPsPlotStyleImpl(std::wstring_view name, std::wstring_view localizedName,
-                                     std::wstring_view description, const OdPsPlotStyleData& data)
-    : m_nameIsLocalizedName(name == localizedName)
-    , m_data(data)
-    , m_name(m_nameIsLocalizedName ? std::wstring_view() : name)
-    , m_localizedName(localizedName)
-    , m_description(description)
+OdPsPlotStyleImpl::OdPsPlotStyleImpl(OdPs::Text name, OdPs::Text localizedName,
+                                     OdPs::Text description, const OdPsPlotStyleData& data) noexcept
+    : m_data(data)
+    , m_name(std::move(name))
+    , m_localizedName(std::move(localizedName))
+    , m_description(std::move(description))
 {
 }
 
@@ -60,11 +79,6 @@ void OdPsPlotStyleImpl::release()
 {
     if (--m_references == 0)
         delete this;
-}
-
-OdString OdPsPlotStyleImpl::name() const
-{
-    return m_nameIsLocalizedName ? localizedName() : OdString(m_name.c_str());
 }
 
 void OdPsPlotStyleImpl::setData(const OdPsPlotStyleData& data)
@@ -82,22 +96,24 @@ void OdPsPlotStyleImpl::setDescription(const OdString& description)
 void OdPsPlotStyleImpl::setName(const OdString& name)
 {
     m_wasSet = true;
-    m_nameIsLocalizedName = name == localizedName();
-    m_name = m_nameIsLocalizedName ? OdPs::Text() : OdPs::Text(name.c_str());
+    m_name = OdPs::Text(name.c_str());
 }
 
 void OdPsPlotStyleImpl::setLocalizedName(const OdString& name)
 {
-    const OdString unchanged = this->name();
+    m_wasSet = true;
     m_formerLocalizedNames.push_front(std::move(m_localizedName));
     m_localizedName = OdPs::Text(name.c_str());
-    setName(unchanged);
 }
 
 std::size_t OdPsPlotStyleImpl::memoryUse() const noexcept
 {
-    return sizeof *this + kBlockOverhead + m_name.memoryUse() + m_localizedName.memoryUse() +
-           m_description.memoryUse();
+    const auto size = [](const OdPs::Text& text)
+    { return (std::wcslen(text.c_str()) + 1) * sizeof(wchar_t); };
+    const bool hasOneName = m_name.c_str() == m_localizedName.c_str() ||
+                            std::wcscmp(m_name.c_str(), m_localizedName.c_str()) == 0;
+    return sizeof *this + kBlockOverhead + size(m_localizedName) + size(m_description) +
+           (hasOneName ? 0 : size(m_name));
 }
 
 OdPsPlotStyleTableImpl::OdPsPlotStyleTableImpl(bool colorDependent)
@@ -136,7 +152,7 @@ OdPsPlotStylePtr OdPsPlotStyleTableImpl::styleAt(int index) const
 
 OdPsPlotStylePtr OdPsPlotStyleTableImpl::addNewStyle(const OdString& name)
 {
-    m_styles.emplace_back(new OdPsPlotStyleImpl(name.c_str(), name.c_str()));
+    m_styles.emplace_back(OdPsPlotStyleImpl::make(name.c_str(), name.c_str()));
     if (m_styleMap)
         addToMap(*m_styleMap, m_styles.back());
     return m_styles.back();

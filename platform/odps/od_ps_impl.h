@@ -28,20 +28,25 @@ constexpr int kColorStyleCount = 255;
 /// The name of a colour-dependent table's style at a 0-based position: "Color_1" for 0.
 OdString colorStyleName(int position);
 
-/// A text in a single pointer: a table may hold a hundred thousand styles, and three string
-/// objects would be most of what a style takes.
+/// A text of a style: a copy of its own, or one that the style keeps elsewhere.
 class Text
 {
 public:
-    Text() = default;
     explicit Text(std::wstring_view text);
+    /// Takes a text that stays where it is as long as it is needed.
+    static Text kept(const wchar_t* text) noexcept { return Text(nullptr, text); }
 
-    const wchar_t* c_str() const noexcept { return m_text ? m_text.get() : L""; }
-    /// The bytes of heap that the text takes.
-    std::size_t memoryUse() const noexcept;
+    const wchar_t* c_str() const noexcept { return m_text; }
 
 private:
-    std::unique_ptr<wchar_t[]> m_text; // null for the empty text
+    Text(std::unique_ptr<wchar_t[]> copy, const wchar_t* text) noexcept
+        : m_copy(std::move(copy))
+        , m_text(text)
+    {
+    }
+
+    std::unique_ptr<wchar_t[]> m_copy;
+    const wchar_t* m_text;
 };
 
 } // namespace OdPs
@@ -50,13 +55,18 @@ private:
 class OdPsPlotStyleImpl final : public OdPsPlotStyle
 {
 public:
-    OdPsPlotStyleImpl(std::wstring_view name, std::wstring_view localizedName,
-                      std::wstring_view description = {}, const OdPsPlotStyleData& data = {});
+    /// Makes a style in one block of memory with its texts: a table may hold a hundred thousand
+    /// styles, and to allocate costs more than all else that makes one.
+    static OdPsPlotStyleImpl* make(std::wstring_view name, std::wstring_view localizedName,
+                                   std::wstring_view description = {},
+                                   const OdPsPlotStyleData& data = {});
+    /// The block is larger than the object, so its size must not be told.
+    static void operator delete(void* block) { ::operator delete(block); }
 
     void addRef() override { ++m_references; }
     void release() override;
 
-    OdString name() const override;
+    OdString name() const override { return m_name.c_str(); }
     OdString description() const override { return m_description.c_str(); }
     void getData(OdPsPlotStyleData& data) const override { data = m_data; }
     OdString localizedName() const override { return m_localizedName.c_str(); }
@@ -70,17 +80,18 @@ public:
     const wchar_t* localizedNameText() const noexcept { return m_localizedName.c_str(); }
     /// Whether any property has been set since the style was made, to whatever value.
     bool wasSet() const noexcept { return m_wasSet; }
-    /// The bytes of memory that the style takes.
+    /// The bytes of memory that the style takes when it is made with its present texts.
     std::size_t memoryUse() const noexcept;
 
 private:
+    OdPsPlotStyleImpl(OdPs::Text name, OdPs::Text localizedName, OdPs::Text description,
+                      const OdPsPlotStyleData& data) noexcept;
     ~OdPsPlotStyleImpl() override = default;
 
     int m_references = 0;
     bool m_wasSet = false;
-    bool m_nameIsLocalizedName; // the usual case, which costs no second text
     OdPsPlotStyleData m_data;
-    OdPs::Text m_name;
+    OdPs::Text m_name; // mostly the very text of the localized name
     OdPs::Text m_localizedName;
     OdPs::Text m_description;
     std::forward_list<OdPs::Text> m_formerLocalizedNames;

@@ -55,7 +55,7 @@ std::size_t memoryUse(const OdPsPlotStyle& style)
 {
     if (const auto* own = dynamic_cast<const OdPsPlotStyleImpl*>(&style))
         return tablefile::memoryUse(*own);
-    const OdPsPlotStylePtr copy = new OdPsPlotStyleImpl(
+    const OdPsPlotStylePtr copy = OdPsPlotStyleImpl::make(
         style.name().str(), style.localizedName().str(), style.description().str());
     return memoryUse(*copy);
 }

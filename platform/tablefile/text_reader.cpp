@@ -218,8 +218,8 @@ void TableReader::addStyle(LineCursor& lines, std::uint32_t begin, std::uint32_t
 {
     const StyleFields& fields = m_styles.read(lines);
     readStyleTexts(m_text, fields, m_texts);
-    auto* const style = new OdPsPlotStyleImpl(m_texts.name, m_texts.localizedName,
-                                              m_texts.description, fields.data);
+    auto* const style = OdPsPlotStyleImpl::make(m_texts.name, m_texts.localizedName,
+                                                m_texts.description, fields.data);
     m_origin.styles.emplace_back(style);
     m_budget.add(memoryUse(*style), begin);
     const auto position = static_cast<std::uint32_t>(m_origin.styleGroups.size());
@@ -284,7 +284,7 @@ void TableReader::nameColorStyles()
             style->getData(data);
         }
         nameColorStyle(texts, i);
-        style = new OdPsPlotStyleImpl(texts.name, texts.localizedName, texts.description, data);
+        style = OdPsPlotStyleImpl::make(texts.name, texts.localizedName, texts.description, data);
     }
 }
 
