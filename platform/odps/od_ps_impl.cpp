@@ -83,25 +83,25 @@ void OdPsPlotStyleImpl::release()
 
 void OdPsPlotStyleImpl::setData(const OdPsPlotStyleData& data)
 {
-    m_wasSet = true;
+    m_wasDataSet = true;
     m_data = data;
 }
 
 void OdPsPlotStyleImpl::setDescription(const OdString& description)
 {
-    m_wasSet = true;
+    m_wasTextSet = true;
     m_description = OdPs::Text(description.c_str());
 }
 
 void OdPsPlotStyleImpl::setName(const OdString& name)
 {
-    m_wasSet = true;
+    m_wasTextSet = true;
     m_name = OdPs::Text(name.c_str());
 }
 
 void OdPsPlotStyleImpl::setLocalizedName(const OdString& name)
 {
-    m_wasSet = true;
+    m_wasTextSet = true;
     m_formerLocalizedNames.push_front(std::move(m_localizedName));
     m_localizedName = OdPs::Text(name.c_str());
 }

@@ -78,8 +78,10 @@ public:
     /// The style's own text of its localized name. It stays valid as long as the style, even when
     /// the name is changed: copies of a style map hold such pointers, and they hold the style.
     const wchar_t* localizedNameText() const noexcept { return m_localizedName.c_str(); }
-    /// Whether any property has been set since the style was made, to whatever value.
-    bool wasSet() const noexcept { return m_wasSet; }
+    /// Whether the data record has been set since the style was made, to whatever value.
+    bool wasDataSet() const noexcept { return m_wasDataSet; }
+    /// Whether a name or the description has been set since the style was made.
+    bool wasTextSet() const noexcept { return m_wasTextSet; }
     /// The bytes of memory that the style takes when it is made with its present texts.
     std::size_t memoryUse() const noexcept;
 
@@ -89,7 +91,8 @@ private:
     ~OdPsPlotStyleImpl() override = default;
 
     int m_references = 0;
-    bool m_wasSet = false;
+    bool m_wasDataSet = false;
+    bool m_wasTextSet = false;
     OdPsPlotStyleData m_data;
     OdPs::Text m_name; // mostly the very text of the localized name
     OdPs::Text m_localizedName;
@@ -141,6 +144,8 @@ public:
     OdPs::OdPsStyleMap styleMap() const override { return index(); }
     OdArray<OdPsPlotStylePtr> styleArray() const override { return m_styles; }
 
+    /// The ordered styles themselves; styleArray() copies them.
+    const OdArray<OdPsPlotStylePtr>& styles() const noexcept { return m_styles; }
     /// Replaces the lineweights and their number. @param values in millimetres
     void setLineweights(std::vector<double> values) { m_lineweights = std::move(values); }
 

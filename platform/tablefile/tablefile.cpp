@@ -45,12 +45,6 @@ OdPsPlotStyleTablePtr tableOf(Buffer file)
     return readTable(std::move(origin));
 }
 
-std::shared_ptr<const Origin> originOf(const OdPsPlotStyleTable& table)
-{
-    const auto* own = dynamic_cast<const OdPsPlotStyleTableImpl*>(&table);
-    return own ? std::dynamic_pointer_cast<const Origin>(own->origin()) : nullptr;
-}
-
 std::size_t memoryUse(const OdPsPlotStyle& style)
 {
     if (const auto* own = dynamic_cast<const OdPsPlotStyleImpl*>(&style))
@@ -69,24 +63,27 @@ void checkReadable(const OdPsPlotStyleTable& table, std::size_t fileSize, std::s
         budget.add(memoryUse(*table.styleAt(i)));
 }
 
+/// The bytes of a table's file: those that it was made of where nothing has changed.
+/// @param made takes the bytes that have to be made
+std::string_view bytesOf(const OdPsPlotStyleTable& table, Buffer& made)
+{
+    const auto* const own = dynamic_cast<const OdPsPlotStyleTableImpl*>(&table);
+    const auto* const origin = own ? dynamic_cast<const Origin*>(own->origin().get()) : nullptr;
+    const std::optional<std::string> text = origin ? changedText(*own, *origin) : freshText(table);
+    if (!text)
+        return origin->file.view();
+    const std::string_view magic =
+        origin ? magicOf(origin->file.view()) : magicFor(table.isColorDependent());
+    made = pack(magic, *text);
+    checkReadable(table, made.size(), text->size());
+    return made.view();
+}
+
 Buffer copyOf(std::string_view bytes)
 {
     Buffer copy(bytes.size());
     std::copy(bytes.begin(), bytes.end(), copy.data());
     return copy;
-}
-
-Buffer bytesOf(const OdPsPlotStyleTable& table)
-{
-    const std::shared_ptr<const Origin> origin = originOf(table);
-    const std::optional<std::string> text = origin ? changedText(table, *origin) : freshText(table);
-    if (!text)
-        return copyOf(origin->file.view());
-    const std::string_view magic =
-        origin ? magicOf(origin->file.view()) : magicFor(table.isColorDependent());
-    Buffer file = pack(magic, *text);
-    checkReadable(table, file.size(), text->size());
-    return file;
 }
 
 } // namespace
@@ -101,7 +98,13 @@ LoadResult decode(Buffer file)
 EncodeResult encode(const OdPsPlotStyleTable& table)
 {
     EncodeResult result;
-    result.error = errorOf([&] { result.bytes = bytesOf(table); });
+    result.error = errorOf(
+        [&]
+        {
+            const std::string_view bytes = bytesOf(table, result.bytes);
+            if (result.bytes.size() == 0)
+                result.bytes = copyOf(bytes);
+        });
     return result;
 }
 
@@ -114,7 +117,12 @@ LoadResult load(const std::string& path)
 
 Error save(const std::string& path, const OdPsPlotStyleTable& table)
 {
-    return errorOf([&] { replaceFile(path, bytesOf(table).view()); });
+    return errorOf(
+        [&]
+        {
+            Buffer made;
+            replaceFile(path, bytesOf(table, made));
+        });
 }
 
 } // namespace tablefile

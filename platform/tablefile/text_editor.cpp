@@ -48,11 +48,16 @@ std::uint32_t lineEnd(std::string_view text, std::uint32_t position)
     return static_cast<std::uint32_t>(end == std::string_view::npos ? text.size() : end + 1);
 }
 
-/// Whether a style may hold other values than those that were read.
+/// A style that the reader made, as all styles are that have a group in the text.
+const OdPsPlotStyleImpl& ownStyle(const OdPsPlotStyle& style)
+{
+    return static_cast<const OdPsPlotStyleImpl&>(style);
+}
+
+/// Whether such a style may hold other values than those that were read.
 bool wasSet(const OdPsPlotStyle& style)
 {
-    const auto* own = dynamic_cast<const OdPsPlotStyleImpl*>(&style);
-    return !own || own->wasSet();
+    return ownStyle(style).wasDataSet() || ownStyle(style).wasTextSet();
 }
 
 /// Whether a key of a style needs a line or another value on its line. Where the text lacks one of
@@ -75,13 +80,12 @@ bool needsLine(StyleKey key, const StyleFields& fields, const StyleValues& origi
 class TableEditor
 {
 public:
-    TableEditor(const OdPsPlotStyleTable& table, const Origin& origin)
+    TableEditor(const OdPsPlotStyleTableImpl& table, const Origin& origin)
         : m_table(table)
         , m_origin(origin)
         , m_text(origin.text())
-        , m_newLine(m_text.find("\r\n") == std::string_view::npos ? kNewLine : "\r\n")
         , m_reader(m_text)
-        , m_styles(table.styleArray())
+        , m_styles(table.styles())
         , m_sameStyles(m_styles == origin.styles)
     {
     }
@@ -100,6 +104,7 @@ private:
     void setValue(std::vector<Edit>& edits, const std::array<std::string_view, N>& keys,
                   const std::array<Span, N>& values, std::size_t key, const std::string& value,
                   std::uint32_t first, std::string_view indent) const;
+    std::string_view newLine() const;
     void insertLines(std::vector<Edit>& edits, std::uint32_t position, std::string lines) const;
     void replace(std::vector<Edit>& edits, Span span, std::string text) const;
 
@@ -108,10 +113,10 @@ private:
     void editStyles();
     void editStyleNames();
 
-    StyleValues originalValues(const StyleFields& fields, std::size_t position) const;
+    StyleTexts originalTexts(const StyleFields& fields, std::size_t position) const;
     const StyleFields& fieldsOf(const StyleGroup& group);
     void editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
-                   const OdPsPlotStyle& style);
+                   const OdPsPlotStyleImpl& style);
     bool isDefaultColorStyle(std::size_t position) const;
     bool hasChangedFillers() const;
     std::vector<PlacedStyle> placedStyles() const;
@@ -119,12 +124,11 @@ private:
     std::string styleText(const PlacedStyle& placed);
     std::map<std::wstring, std::wstring> changedNames();
 
-    const OdPsPlotStyleTable& m_table;
+    const OdPsPlotStyleTableImpl& m_table;
     const Origin& m_origin;
     std::string_view m_text;
-    std::string_view m_newLine;
     StyleReader m_reader;
-    OdArray<OdPsPlotStylePtr> m_styles;
+    const OdArray<OdPsPlotStylePtr>& m_styles;
     bool m_sameStyles; ///< the same objects in the same order as when the text was read
     std::vector<Edit> m_edits;
 };
@@ -146,6 +150,12 @@ void TableEditor::replace(std::vector<Edit>& edits, Span span, std::string text)
         edits.push_back({span, std::move(text)});
 }
 
+/// What the lines of the text end in.
+std::string_view TableEditor::newLine() const
+{
+    return m_text.find("\r\n") == std::string_view::npos ? kNewLine : "\r\n";
+}
+
 void TableEditor::insertLines(std::vector<Edit>& edits, std::uint32_t position,
                               std::string lines) const
 {
@@ -154,7 +164,7 @@ void TableEditor::insertLines(std::vector<Edit>& edits, std::uint32_t position,
     { return edit.span.begin == position && edit.span.end == position; };
     const bool lacksEnd = position > 0 && m_text[position - 1] != '\n';
     if (lacksEnd && std::none_of(edits.begin(), edits.end(), isThere))
-        lines.insert(0, m_text[position - 1] == '\r' ? kNewLine : m_newLine);
+        lines.insert(0, m_text[position - 1] == '\r' ? kNewLine : newLine());
     edits.push_back({{position, position}, std::move(lines)});
 }
 
@@ -175,7 +185,7 @@ void TableEditor::setValue(std::vector<Edit>& edits, const std::array<std::strin
             position = lineEnd(m_text, values[before - 1].end);
     }
     std::string line(indent);
-    append(line, {keys[key], "=", value, m_newLine});
+    append(line, {keys[key], "=", value, newLine()});
     insertLines(edits, position, std::move(line));
 }
 
@@ -214,14 +224,14 @@ void TableEditor::editLineweights()
         if (rows[row])
             replace(m_edits, rows[row], writeReal(now));
         else
-            appendRow(missing, row, writeReal(now), m_newLine);
+            appendRow(missing, row, writeReal(now), newLine());
     }
     if (missing.empty())
         return;
     if (group)
         return insertLines(m_edits, group.end, std::move(missing));
     missing.clear();
-    appendLineweights(missing, m_table, m_newLine);
+    appendLineweights(missing, m_table, newLine());
     insertLines(m_edits, static_cast<std::uint32_t>(m_text.size()), std::move(missing));
 }
 
@@ -232,24 +242,32 @@ const StyleFields& TableEditor::fieldsOf(const StyleGroup& group)
     return m_reader.read(lines);
 }
 
-/// The values that the text gives a style. @param position that the style has in the table, after
+/// The texts that the text gives a style. @param position that the style has in the table, after
 /// which a colour's style without a name is named
-StyleValues TableEditor::originalValues(const StyleFields& fields, std::size_t position) const
+StyleTexts TableEditor::originalTexts(const StyleFields& fields, std::size_t position) const
 {
-    StyleValues values{{}, fields.data};
-    readStyleTexts(m_text, fields, values.texts);
-    makeStorable(values.texts); // a name that begins with a NUL is none
+    StyleTexts texts;
+    readStyleTexts(m_text, fields, texts);
+    makeStorable(texts); // a name that begins with a NUL is none
     if (m_table.isColorDependent())
-        nameColorStyle(values.texts, position);
-    return values;
+        nameColorStyle(texts, position);
+    return texts;
 }
 
 void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
-                            const OdPsPlotStyle& style)
+                            const OdPsPlotStyleImpl& style)
 {
     const StyleFields& fields = fieldsOf(group);
-    const StyleValues original = originalValues(fields, position);
-    const StyleValues now = valuesOf(style);
+    StyleValues original;
+    StyleValues now;
+    original.data = fields.data;
+    style.getData(now.data);
+    // Texts that are alike need not be known.
+    if (style.wasTextSet() || position != group.position)
+    {
+        original.texts = originalTexts(fields, position);
+        now.texts = textsOf(style);
+    }
     const std::uint32_t first = lineEnd(m_text, group.span.begin);
     for (std::size_t i = 0; i < kStyleKeys.size(); ++i)
     {
@@ -292,7 +310,7 @@ void TableEditor::editStyles()
     {
         const OdPsPlotStyle& style = *m_styles[group.position];
         if (wasSet(style))
-            editStyle(m_edits, group, group.position, style);
+            editStyle(m_edits, group, group.position, ownStyle(style));
     }
 }
 
@@ -337,7 +355,7 @@ std::string TableEditor::styleText(const PlacedStyle& placed)
     if (!placed.group)
     {
         std::string text;
-        appendStyle(text, placed.number, valuesOf(*placed.style), m_newLine);
+        appendStyle(text, placed.number, valuesOf(*placed.style), newLine());
         return text;
     }
     const Span span = placed.group->span;
@@ -352,7 +370,7 @@ std::string TableEditor::styleText(const PlacedStyle& placed)
     const std::size_t position = m_sameStyles ? placed.group->position : placed.number;
     const bool mayNeedAName = m_table.isColorDependent() && position != placed.group->position;
     if (wasSet(*placed.style) || mayNeedAName)
-        editStyle(edits, *placed.group, position, *placed.style);
+        editStyle(edits, *placed.group, position, ownStyle(*placed.style));
     return edited(m_text, span, std::move(edits));
 }
 
@@ -379,6 +397,11 @@ std::string TableEditor::arrangedStyles()
 std::map<std::wstring, std::wstring> TableEditor::changedNames()
 {
     std::map<std::wstring, std::wstring> names;
+    const auto mayBeRenamed = [this](const StyleGroup& group)
+    { return ownStyle(*m_origin.styles[group.position]).wasTextSet(); };
+    const std::vector<StyleGroup>& groups = m_origin.styleGroups;
+    if (m_sameStyles && std::none_of(groups.begin(), groups.end(), mayBeRenamed))
+        return names;
     std::unordered_set<const OdPsPlotStyle*> present;
     std::set<std::wstring> presentNames;
     for (const OdPsPlotStylePtr& style : m_styles)
@@ -386,14 +409,14 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
         present.insert(style.get());
         presentNames.insert(storableText(style->name().str()));
     }
-    for (const StyleGroup& group : m_origin.styleGroups)
+    for (const StyleGroup& group : groups)
     {
         const OdPsPlotStyle& style = *m_origin.styles[group.position];
         const bool isDeleted = present.count(&style) == 0;
-        if (!isDeleted && !wasSet(style))
+        if (!isDeleted && !mayBeRenamed(group))
             continue;
         const OdString now = isDeleted ? m_styles.front()->name() : style.name();
-        const std::wstring original = originalValues(fieldsOf(group), group.position).texts.name;
+        const std::wstring original = originalTexts(fieldsOf(group), group.position).name;
         // Another style may have taken the place of a deleted one under its name.
         if (isDeleted && presentNames.count(original) > 0)
             continue;
@@ -409,6 +432,8 @@ void TableEditor::editStyleNames()
     if (m_table.isColorDependent() || !colors || m_styles.empty())
         return;
     const std::map<std::wstring, std::wstring> names = changedNames();
+    if (names.empty())
+        return;
     std::wstring name;
     forEachRow(m_text, colors,
                [&](std::size_t, Span value)
@@ -422,7 +447,7 @@ void TableEditor::editStyleNames()
 
 } // namespace
 
-std::optional<std::string> changedText(const OdPsPlotStyleTable& table, const Origin& origin)
+std::optional<std::string> changedText(const OdPsPlotStyleTableImpl& table, const Origin& origin)
 {
     return TableEditor(table, origin).changedText();
 }

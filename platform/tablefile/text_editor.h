@@ -12,9 +12,10 @@ namespace tablefile
 {
 
 /// The text that a table was read from with its changed lines replaced; nothing when no line has
-/// changed. Every line is compared with what was read, so a change that was taken back leaves no
-/// trace. @throw Error when a value cannot be stored
-std::optional<std::string> changedText(const OdPsPlotStyleTable& table, const Origin& origin);
+/// changed. Values that were set are compared with what was read, so a change that was taken back
+/// leaves no trace. @param origin what the table was read from  @throw Error when a value cannot be
+/// stored
+std::optional<std::string> changedText(const OdPsPlotStyleTableImpl& table, const Origin& origin);
 
 } // namespace tablefile
 

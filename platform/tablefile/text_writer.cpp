@@ -37,12 +37,17 @@ void makeStorable(StyleTexts& texts)
         *text = storableText(std::move(*text));
 }
 
+StyleTexts textsOf(const OdPsPlotStyle& style)
+{
+    StyleTexts texts{style.name().str(), style.localizedName().str(), style.description().str()};
+    makeStorable(texts);
+    return texts;
+}
+
 StyleValues valuesOf(const OdPsPlotStyle& style)
 {
-    StyleValues values{{style.name().str(), style.localizedName().str(), style.description().str()},
-                       {}};
+    StyleValues values{textsOf(style), {}};
     style.getData(values.data);
-    makeStorable(values.texts);
     return values;
 }
 

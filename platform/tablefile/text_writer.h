@@ -23,6 +23,8 @@ struct StyleValues
 };
 
 void makeStorable(StyleTexts& texts);
+/// The texts of a style, made storable.
+StyleTexts textsOf(const OdPsPlotStyle& style);
 StyleValues valuesOf(const OdPsPlotStyle& style);
 TableValues valuesOf(const OdPsPlotStyleTable& table);
 
