@@ -55,8 +55,6 @@ public:
     std::string_view key() const noexcept { return m_key; }
     /// What follows the `=`, without the line's end.
     Span value() const noexcept { return m_value; }
-    /// The line with its end.
-    Span span() const noexcept { return {begin(), end()}; }
     /// What follows the line.
     std::string_view rest() const { return m_text.substr(m_next); }
     /// Where the line begins.

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 namespace tablefile
 {
@@ -112,12 +113,6 @@ void readStyleValue(std::string_view text, StyleKey key, Span value, OdPsPlotSty
 std::size_t colorKey(const StyleFields& fields)
 {
     return indexOf(fields.value(StyleKey::ModeColor) ? StyleKey::ModeColor : StyleKey::Color);
-}
-
-/// Where a line has no value: what differs in the line, does so in front of it.
-Span behind(const LineCursor& line)
-{
-    return {line.end(), line.end()};
 }
 
 bool isNameless(const OdPsPlotStyle& style)
@@ -354,26 +349,28 @@ const StyleFields& StyleReader::read(LineCursor& lines)
 bool StyleReader::readLikeLast(LineCursor& lines)
 {
     const std::uint32_t first = lines.end();
+    Span last = {m_begin, m_lines.empty() ? m_begin : m_lines.back().end}; // what is left of it
+    m_begin = first;
     for (auto line = m_lines.begin(); line != m_lines.end(); ++line)
     {
-        const Span expected = {line->span.begin, m_lines.back().span.end};
-        const std::uint32_t distance = lines.end() - expected.begin;
-        const std::uint32_t same = lines.end() + commonPrefix(expected.in(m_text), lines.rest());
-        for (; line != m_lines.end() && line->span.end + distance <= same; ++line)
-            setLine(*line, line->span.moved(distance), line->value.moved(distance));
-        if (line == m_lines.end())
+        const std::uint32_t distance = lines.end() - last.begin;
+        const std::uint32_t same = last.begin + commonPrefix(last.in(m_text), lines.rest());
+        for (; line != m_lines.end() && line->end <= same; ++line)
         {
-            lines.skipTo(m_lines.back().span.end);
-            return true;
+            last.begin = std::exchange(line->end, line->end + distance);
+            if (line->key < kStyleKeys.size())
+                m_last.values[line->key] = m_last.values[line->key].moved(distance);
         }
-        const std::uint32_t value = line->value.begin + distance;
-        if (same < value)
+        lines.skipTo(last.begin + distance);
+        if (line == m_lines.end())
+            return true;
+        if (line->key == kStyleKeys.size() || same < m_last.values[line->key].begin)
             break;
-        lines.skipTo(line->span.begin + distance);
-        lines.nextValue(value);
-        setLine(*line, lines.span(), lines.value());
-        if (line->key < kStyleKeys.size())
-            readStyleValue(m_text, static_cast<StyleKey>(line->key), line->value, m_last.data);
+        Span& value = m_last.values[line->key];
+        lines.nextValue(value.begin + distance);
+        value = lines.value();
+        last.begin = std::exchange(line->end, lines.end());
+        readStyleValue(m_text, static_cast<StyleKey>(line->key), value, m_last.data);
         if (line->key == colorKey(m_last))
             readColor();
     }
@@ -385,20 +382,21 @@ bool StyleReader::readLikeLast(LineCursor& lines)
 void StyleReader::readAfresh(LineCursor& lines)
 {
     m_last = {};
+    m_begin = lines.end();
     m_lines.clear();
     bool isPlain = true;
     std::size_t expected = 0;
     for (nextLine(lines); lines.kind() != Kind::Close; nextLine(lines))
     {
-        const bool isValue = lines.kind() == Kind::Value;
-        const std::size_t key =
-            isValue ? findKey(kStyleKeys, lines.key(), expected) : kStyleKeys.size();
+        const std::size_t key = lines.kind() == Kind::Value
+                                    ? findKey(kStyleKeys, lines.key(), expected)
+                                    : kStyleKeys.size();
         const bool isKnown = key < kStyleKeys.size();
         // The first of several lines of a key counts.
         const bool isSecond = isKnown && m_last.values[key];
         isPlain = isPlain && !isSecond && lines.kind() != Kind::Open && m_lines.size() < kMostLines;
         if (isPlain)
-            m_lines.push_back({key, lines.span(), isValue ? lines.value() : behind(lines)});
+            m_lines.push_back({lines.end(), key});
         if (lines.kind() == Kind::Open)
             skipGroup(lines);
         if (!isKnown || isSecond)
@@ -407,19 +405,10 @@ void StyleReader::readAfresh(LineCursor& lines)
         m_last.values[key] = lines.value();
         readStyleValue(m_text, static_cast<StyleKey>(key), lines.value(), m_last.data);
     }
-    m_lines.push_back({kStyleKeys.size(), lines.span(), behind(lines)});
+    m_lines.push_back({lines.end(), kStyleKeys.size()});
     if (!isPlain)
         m_lines.clear();
     readColor();
-}
-
-/// Takes over a line of a group into what is known of it.
-void StyleReader::setLine(Line& line, Span span, Span value)
-{
-    line.span = span;
-    line.value = value;
-    if (line.key < kStyleKeys.size())
-        m_last.values[line.key] = value;
 }
 
 void StyleReader::readColor()

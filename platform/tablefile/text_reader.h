@@ -74,18 +74,17 @@ private:
 
     struct Line
     {
+        std::uint32_t end;
         std::size_t key; ///< the number of keys where the line has none of them
-        Span span;
-        Span value;
     };
 
     bool readLikeLast(LineCursor& lines);
     void readAfresh(LineCursor& lines);
-    void setLine(Line& line, Span span, Span value);
     void readColor();
 
     std::string_view m_text;
-    StyleFields m_last; ///< the style that was read last
+    StyleFields m_last;        ///< the style that was read last
+    std::uint32_t m_begin = 0; ///< where the first line of its group begins
     /// The lines of its group, the closing one too; none where a line stands for more than itself:
     /// in a group within the group, or as the second of its key.
     std::vector<Line> m_lines;
