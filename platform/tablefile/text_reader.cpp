@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
+#include <optional>
 #include <utility>
 
 namespace tablefile
@@ -26,13 +27,13 @@ using Kind = LineCursor::Kind;
 
 /// The value that a reading function of values.h gives for a span of the text.
 template <class Value>
-Value valueAt(std::string_view text, Span span, std::optional<Value> (*read)(std::string_view),
+Value valueAt(std::string_view text, Span span, bool (*read)(std::string_view, Value&),
               const char* what)
 {
-    const std::optional<Value> value = read(span.in(text));
-    if (!value)
+    Value value = {};
+    if (!read(span.in(text), value))
         fail(span.begin, what);
-    return *value;
+    return value;
 }
 
 std::int64_t integerAt(std::string_view text, Span span, std::int64_t least, std::int64_t most)
@@ -88,10 +89,11 @@ void skipGroup(LineCursor& lines)
 
 std::optional<std::uint32_t> groupNumber(std::string_view key)
 {
-    const std::optional<std::int64_t> number = readInteger(key);
-    if (!number || *number < 0 || *number > std::numeric_limits<std::uint32_t>::max())
+    std::int64_t number = 0;
+    if (!readInteger(key, number) || number < 0 ||
+        number > std::numeric_limits<std::uint32_t>::max())
         return std::nullopt;
-    return static_cast<std::uint32_t>(*number);
+    return static_cast<std::uint32_t>(number);
 }
 
 /// Reads the value of a key that has a field of its own in the data record.
@@ -366,9 +368,9 @@ bool StyleReader::readLikeLast(LineCursor& lines)
             return true;
         if (line->key == kStyleKeys.size() || same < m_last.values[line->key].begin)
             break;
-        Span& value = m_last.values[line->key];
-        lines.nextValue(value.begin + distance);
-        value = lines.value();
+        lines.nextValue(m_last.values[line->key].begin + distance);
+        const Span value = lines.value();
+        m_last.values[line->key] = value;
         last.begin = std::exchange(line->end, lines.end());
         readStyleValue(m_text, static_cast<StyleKey>(line->key), value, m_last.data);
         if (line->key == colorKey(m_last))

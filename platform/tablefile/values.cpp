@@ -113,26 +113,20 @@ std::int32_t withMethod(OdCmEntityColor::ColorMethod method, std::uint32_t rgb)
 
 } // namespace
 
-std::optional<std::int64_t> readInteger(std::string_view value)
+bool readInteger(std::string_view value, std::int64_t& number)
 {
     value = trimmed(value);
-    std::int64_t number = 0;
     const char* const end = value.data() + value.size();
     const auto [stop, error] = std::from_chars(value.data(), end, number);
-    if (error != std::errc() || stop != end)
-        return std::nullopt;
-    return number;
+    return error == std::errc() && stop == end;
 }
 
-std::optional<double> readReal(std::string_view value)
+bool readReal(std::string_view value, double& number)
 {
     value = trimmed(value);
-    double number = 0;
     const char* const end = value.data() + value.size();
     const auto [stop, error] = std::from_chars(value.data(), end, number);
-    if (error != std::errc() || (stop != end && !isBlank(*stop)) || !std::isfinite(number))
-        return std::nullopt;
-    return number;
+    return error == std::errc() && (stop == end || isBlank(*stop)) && std::isfinite(number);
 }
 
 std::string writeReal(double value)
@@ -149,14 +143,11 @@ std::string writeReal(double value)
     return text;
 }
 
-std::optional<bool> readBoolean(std::string_view value)
+bool readBoolean(std::string_view value, bool& boolean)
 {
     value = trimmed(value);
-    if (equalsIgnoringCase(value, "TRUE"))
-        return true;
-    if (equalsIgnoringCase(value, "FALSE"))
-        return false;
-    return std::nullopt;
+    boolean = equalsIgnoringCase(value, "TRUE");
+    return boolean || equalsIgnoringCase(value, "FALSE");
 }
 
 std::string writeBoolean(bool value)

@@ -8,25 +8,24 @@
 #include "odps/od_string.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace tablefile
 {
 
-/// A signed decimal number; nothing for any other text.
-std::optional<std::int64_t> readInteger(std::string_view value);
+/// Reads a signed decimal number. @return whether the value is one
+bool readInteger(std::string_view value, std::int64_t& number);
 
-/// A finite decimal number. What follows it after a blank is a writer's binary copy of it and is
-/// ignored. Nothing for any other text.
-std::optional<double> readReal(std::string_view value);
+/// Reads a finite decimal number. What follows it after a blank is a writer's binary copy of it and
+/// is ignored. @return whether the value is one
+bool readReal(std::string_view value, double& number);
 /// The shortest decimal that reads as `value`, with one place at least.
 /// @throw Error when the value is not finite
 std::string writeReal(double value);
 
-/// TRUE or FALSE in any case; nothing for any other text.
-std::optional<bool> readBoolean(std::string_view value);
+/// Reads TRUE or FALSE in any case. @return whether the value is one of them
+bool readBoolean(std::string_view value, bool& boolean);
 std::string writeBoolean(bool value);
 
 /// Decodes a text value: UTF-8 where it is valid, Windows-1252 otherwise.
