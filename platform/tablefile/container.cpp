@@ -24,6 +24,7 @@ constexpr std::array<std::string_view, 3> kMagics = {
     "PIAFILEVERSION_2.0,TTBVER1,compress\r\npmzlibcodec",
 };
 constexpr std::size_t kMagicSize = kMagics[0].size();
+constexpr std::size_t kTextSizeOffset = kMagicSize + sizeof(std::uint32_t);
 constexpr std::size_t kStreamOffset = kMagicSize + 3 * sizeof(std::uint32_t);
 constexpr std::size_t kWideStreamOffset = kMagicSize + 3 * sizeof(std::uint64_t);
 constexpr std::size_t kLastStreamOffset = 128;
@@ -31,7 +32,8 @@ constexpr std::size_t kLastStreamOffset = 128;
 constexpr std::size_t kZlibHeaderSize = 2;
 /// No deflate stream inflates to more than this many times its size.
 constexpr std::size_t kMaxInflation = 1032;
-/// Most do not to more than this; a buffer that is just large enough is quicker to come by.
+/// Most do not to more than this; a buffer that is just large enough is quicker to come by, so the
+/// size that the header tells is tried first.
 constexpr std::size_t kUsualInflation = 32;
 /// Smaller files than those of the usual writers, in a fraction of the time.
 constexpr int kCompressionLevel = 6;
@@ -54,15 +56,27 @@ bool startsZlibStream(std::string_view bytes)
     return (0x78 * 256 + flags) % 31 == 0 && !needsDictionary;
 }
 
+/// The number of four bytes at a position of the header.
+std::size_t numberAt(std::string_view file, std::size_t position)
+{
+    std::size_t value = 0;
+    for (std::size_t i = 0; i < 4 && position + i < file.size(); ++i)
+        value |= std::size_t{static_cast<unsigned char>(file[position + i])} << (8 * i);
+    return value;
+}
+
 /// Inflates a zlib stream; its trailer is not looked at. @return nothing when it is damaged
-std::optional<Buffer> inflate(libdeflate_decompressor* decompressor, std::string_view stream)
+/// @param likelySize that the text has, maybe
+std::optional<Buffer> inflate(libdeflate_decompressor* decompressor, std::string_view stream,
+                              std::size_t likelySize)
 {
     if (!startsZlibStream(stream))
         return std::nullopt;
     stream.remove_prefix(kZlibHeaderSize);
-    for (const std::size_t inflation : {kUsualInflation, kMaxInflation})
+    const std::size_t most = std::min(kMaxText, stream.size() * kMaxInflation + 1);
+    for (const std::size_t size : {likelySize, stream.size() * kUsualInflation + 1, most})
     {
-        Buffer text(std::min(kMaxText, stream.size() * inflation + 1));
+        Buffer text(std::min(size, most));
         std::size_t read = 0;
         std::size_t written = 0;
         const libdeflate_result result = libdeflate_deflate_decompress_ex(
@@ -112,11 +126,12 @@ Buffer unpack(std::string_view file)
         libdeflate_alloc_decompressor());
     if (!decompressor)
         throw std::bad_alloc();
+    const std::size_t likelySize = numberAt(file, kTextSizeOffset);
     const auto inflateAt = [&](std::size_t offset) -> std::optional<Buffer>
     {
         if (offset >= file.size())
             return std::nullopt;
-        return inflate(decompressor.get(), file.substr(offset));
+        return inflate(decompressor.get(), file.substr(offset), likelySize);
     };
     for (const std::size_t usual : {kStreamOffset, kWideStreamOffset})
     {
@@ -148,7 +163,7 @@ Buffer pack(std::string_view magic, const std::string& text)
 
     std::copy(magic.begin(), magic.end(), file.data());
     putNumber(file.data() + kMagicSize, libdeflate_adler32(1, stream, streamSize));
-    putNumber(file.data() + kMagicSize + 4, textSize);
+    putNumber(file.data() + kTextSizeOffset, textSize);
     putNumber(file.data() + kMagicSize + 8, streamSize);
     file.shrink(kStreamOffset + streamSize);
     return file;
