@@ -215,6 +215,64 @@ TEST(ReadText, GroupsInStylesThatDifferInTheMiddle)
     }
 }
 
+TEST(ReadText, ValuesOfAnyLengthInStylesOfTheSameKeys)
+{
+    for (const std::string end : {"\n", "\r\n"})
+    {
+        std::string text = "plot_style{" + end;
+        for (int i = 0; i < 120; ++i)
+        {
+            const std::string number = std::to_string(i);
+            text += " " + number + "{" + end + "  name=\"" + std::string(i % 7u, 'n') + number +
+                    end + "  later=" + std::to_string(i % 3) + end + "  color=" + number + end +
+                    "  screen=" + std::to_string(i / 2) + end + "  just this" + end +
+                    "  linepattern_size=" + number + ".5" + end + " }" + end;
+        }
+        const OdPsPlotStyleTablePtr table = tableOfText(text + "}" + end, "STB");
+        ASSERT_EQ(table->styleCount(), 120);
+        for (int i = 0; i < 120; ++i)
+        {
+            const std::wstring name = std::wstring(i % 7u, L'n') + std::to_wstring(i);
+            EXPECT_EQ(table->styleAt(i)->name(), OdString(name));
+            EXPECT_EQ(table->styleAt(i)->localizedName(), OdString(name));
+            EXPECT_EQ(dataOf(*table, i).color.color(), 0xC2000000u + static_cast<unsigned>(i));
+            EXPECT_EQ(dataOf(*table, i).screening, i / 2);
+            EXPECT_EQ(dataOf(*table, i).linePatternSize, i + 0.5);
+        }
+    }
+}
+
+TEST(ReadText, StylesOfManyUnknownLines)
+{
+    std::string text = "plot_style{\n";
+    for (int i = 0; i < 3; ++i)
+    {
+        const std::string number = std::to_string(i);
+        text += " " + number + "{\n  name=\"a\n";
+        for (int line = 0; line < 100; ++line)
+            text += "  later=1\n";
+        text += "  screen=" + number + "\n }\n";
+    }
+    const OdPsPlotStyleTablePtr table = tableOfText(text + "}\n", "STB");
+    ASSERT_EQ(table->styleCount(), 3);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(dataOf(*table, i).screening, i);
+}
+
+TEST(ReadText, WrongValuesBehindStylesOfTheSameKeys)
+{
+    const std::string start = "plot_style{\n 0{\n  screen=1\n  mode_color=-1\n }\n 1{\n";
+    const auto isTable = [&start](const std::string& rest)
+    { return statusOfText(start + rest) == tablefile::Status::Ok; };
+    EXPECT_TRUE(isTable("  screen=2\n  mode_color=-1\n }\n}\n"));
+    EXPECT_TRUE(isTable("  screen=2\n  mode_color=1\n }\n}"));
+    EXPECT_FALSE(isTable("  screen=x\n  mode_color=-1\n }\n}\n"));
+    EXPECT_FALSE(isTable("  screen=1\n  mode_color=-1x\n }\n}\n"));
+    EXPECT_FALSE(isTable("  screen=1\n  mode_color=-"));
+    EXPECT_FALSE(isTable("  screen=1\n  mode_color=-1\n "));
+    EXPECT_FALSE(isTable("  screen=1\n  mode_color=-1\n }"));
+}
+
 TEST(ReadText, RealsInEveryNotation)
 {
     const auto factor = [](const std::string& value) {
