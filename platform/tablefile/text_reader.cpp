@@ -353,6 +353,7 @@ bool StyleReader::readLikeLast(LineCursor& lines)
     const std::uint32_t first = lines.end();
     Span last = {m_begin, m_lines.empty() ? m_begin : m_lines.back().end}; // what is left of it
     m_begin = first;
+    bool isColorNew = false;
     for (auto line = m_lines.begin(); line != m_lines.end(); ++line)
     {
         const std::uint32_t distance = lines.end() - last.begin;
@@ -365,7 +366,12 @@ bool StyleReader::readLikeLast(LineCursor& lines)
         }
         lines.skipTo(last.begin + distance);
         if (line == m_lines.end())
+        {
+            // Only now it is known which value decides.
+            if (isColorNew)
+                readColor();
             return true;
+        }
         if (line->key == kStyleKeys.size() || same < m_last.values[line->key].begin)
             break;
         lines.nextValue(m_last.values[line->key].begin + distance);
@@ -373,8 +379,7 @@ bool StyleReader::readLikeLast(LineCursor& lines)
         m_last.values[line->key] = value;
         last.begin = std::exchange(line->end, lines.end());
         readStyleValue(m_text, static_cast<StyleKey>(line->key), value, m_last.data);
-        if (line->key == colorKey(m_last))
-            readColor();
+        isColorNew = isColorNew || line->key == colorKey(m_last);
     }
     lines.skipTo(first);
     return false;

@@ -273,6 +273,18 @@ TEST(ReadText, WrongValuesBehindStylesOfTheSameKeys)
     EXPECT_FALSE(isTable("  screen=1\n  mode_color=-1\n }"));
 }
 
+TEST(ReadText, TheColorIsDecidedByTheWholeStyle)
+{
+    const std::string text = "plot_style{\n"
+                             " 0{\n  color=-1006632961\n  screen=1\n }\n"
+                             " 1{\n  color=none\n  mode_color=-1023344896\n  screen=1\n }\n"
+                             " 2{\n  color=none\n  mode_color=-1023344640\n  screen=1\n }\n}\n";
+    const OdPsPlotStyleTablePtr table = tableOfText(text, "STB");
+    EXPECT_EQ(dataOf(*table, 0).color.color(), 0xC2FFFFFFu);
+    EXPECT_EQ(dataOf(*table, 1).color.color(), 0xC200FF00u);
+    EXPECT_EQ(dataOf(*table, 2).color.color(), 0xC2010000u);
+}
+
 TEST(ReadText, RealsInEveryNotation)
 {
     const auto factor = [](const std::string& value) {
