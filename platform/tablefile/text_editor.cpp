@@ -413,7 +413,7 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
     {
         const OdPsPlotStyle& style = *m_origin.styles[group.position];
         const bool isDeleted = present.count(&style) == 0;
-        if (!isDeleted && !mayBeRenamed(group))
+        if (!isDeleted && !wasSet(style))
             continue;
         const OdString now = isDeleted ? m_styles.front()->name() : style.name();
         const std::wstring original = originalTexts(fieldsOf(group), group.position).name;
