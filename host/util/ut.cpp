@@ -73,10 +73,13 @@ wxString preferredLanguage(const wxTranslations& translations)
     available.Add("en");
     wxString languages;
     wxGetEnv("LANGUAGE", &languages);
-    for (const wxString& language : wxSplit(languages, ':'))
+    for (const wxString& name : wxSplit(languages, ':'))
+    {
+        const wxString language = name.BeforeFirst('.').BeforeFirst('@');
         if (available.Index(language) != wxNOT_FOUND ||
             available.Index(language.BeforeFirst('_')) != wxNOT_FOUND)
             return language;
+    }
     return wxString();
 }
 

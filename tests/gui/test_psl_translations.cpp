@@ -216,8 +216,9 @@ TEST_F(Translations, LeaveNothingEnglishUnderFrench)
 TEST_F(Translations, FollowTheOrderOfTheUsersLanguages)
 {
     const std::pair<const char*, const char*> cases[] = {
-        {"de", "Rot"},    {"de_AT:fr", "Rot"}, {"fr", "Rouge"}, {"sv:fr", "Rouge"},
-        {"en:de", "Red"}, {"sv", "Red"},       {"", "Red"},
+        {"de", "Rot"},        {"de_AT:fr", "Rot"}, {"de_DE.UTF-8", "Rot"},
+        {"fr@euro", "Rouge"}, {"fr", "Rouge"},     {"sv:fr", "Rouge"},
+        {"en:de", "Red"},     {"sv", "Red"},       {"", "Red"},
     };
     for (const auto& [language, red] : cases)
     {

@@ -14,6 +14,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -112,6 +113,7 @@ TEST_F(WithoutADisplay, ShowsHelpAndVersion)
                                "--size", "--help", "--version", "FILE"})
         EXPECT_NE(help.output.find(option), std::string::npos) << option;
     EXPECT_EQ(help.errors, "");
+    EXPECT_EQ(run({"-h"}).output, help.output);
 
     const Result version = run({"--version"});
     EXPECT_EQ(version.status, 0);
@@ -123,6 +125,7 @@ TEST_F(WithoutADisplay, RefusesWrongUsage)
 {
     const std::pair<std::vector<wxString>, const char*> cases[] = {
         {{"--nonsense"}, "unknown option --nonsense"},
+        {{"-abc"}, "unknown option -a"},
         {{"--source"}, "--source needs a value"},
         {{"--source", "a.ctb"}, "--source takes the file to create"},
         {{"--source", "", "a.ctb"}, "is not a value"},
@@ -415,10 +418,19 @@ TEST_F(WithoutADisplay, RefusesToDrawOverAnotherFile)
     EXPECT_EQ(readBytes(table), before);
     EXPECT_EQ(run({"--picture", table, makeFile("empty", "")}).status, 0)
         << "as the folder view's programs make one beforehand";
+    const wxString pipe = folder.file("pipe");
+    ASSERT_EQ(mkfifo(pipe.utf8_str(), S_IRUSR | S_IWUSR), 0);
+    EXPECT_EQ(run({"--picture", table, pipe}).status, 1);
+    EXPECT_EQ(run({"--export", table, table}).status, 1);
+    EXPECT_EQ(readBytes(table), before);
 }
 
 TEST_F(WithoutADisplay, ReportsWhatItCannotDraw)
 {
+    EXPECT_NE(run({"--picture", "missing.ctb", "a.png"}).errors.find("does not exist"),
+              std::string::npos);
+    EXPECT_NE(run({"--picture", folder.path(), "a.png"}).errors.find("is a folder"),
+              std::string::npos);
     const Result noTable =
         run({"--picture", makeFile("text.ctb", "no table"), folder.file("a.png")});
     EXPECT_EQ(noTable.status, 1);

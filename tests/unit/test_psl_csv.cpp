@@ -8,8 +8,12 @@
 
 #include <gtest/gtest.h>
 
+#include <wx/filename.h>
 #include <wx/init.h>
 
+#include <csignal>
+#include <filesystem>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <vector>
 
@@ -133,13 +137,13 @@ TEST_F(Export, IsWrittenAsUtf8WithoutAMarkAndReplacesTheFile)
     support::writeFile(folder / "old.csv", std::string(10000, 'x'));
     for (const char* name : {"new.csv", "old.csv"})
     {
-        EXPECT_TRUE(exportCsv(*names, "a.stb", path(name)));
+        EXPECT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", path(name)));
         const std::string bytes = support::readFile(folder / name);
         EXPECT_EQ(bytes.substr(0, 40), "PLOTSTYLE_TABLE,,\n,FileName,a.stb\n,Descr");
         EXPECT_NE(bytes.find(",Description,größer\n"), std::string::npos);
         EXPECT_EQ(bytes.back(), '\n');
         EXPECT_EQ(bytes.find('\r'), std::string::npos);
-        EXPECT_TRUE(exportCsv(*names, "a.stb", path(name)));
+        EXPECT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", path(name)));
         EXPECT_EQ(support::readFile(folder / name), bytes) << "a second time";
     }
 }
@@ -148,7 +152,7 @@ TEST_F(Export, WritesThroughASymbolicLink)
 {
     support::writeFile(folder / "real.csv", "old");
     std::filesystem::create_symlink("real.csv", folder / "link.csv");
-    EXPECT_TRUE(exportCsv(*names, "a.stb", path("link.csv")));
+    EXPECT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", path("link.csv")));
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.csv"));
     EXPECT_EQ(support::readFile(folder / "real.csv").substr(0, 15), "PLOTSTYLE_TABLE");
 }
@@ -156,14 +160,45 @@ TEST_F(Export, WritesThroughASymbolicLink)
 TEST_F(Export, LeavesWhatIsNoFileAlone)
 {
     ASSERT_EQ(mkfifo((folder / "pipe.csv").c_str(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_FALSE(exportCsv(*names, "a.stb", path("pipe.csv")));
+    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", path("pipe.csv")));
     EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe.csv"));
 }
 
 TEST_F(Export, FailsWhereNoFileCanBe)
 {
-    EXPECT_FALSE(exportCsv(*names, "a.stb", path("missing/a.csv")));
+    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", path("missing/a.csv")));
     std::filesystem::create_directory(folder / "folder.csv");
-    EXPECT_FALSE(exportCsv(*names, "a.stb", path("folder.csv")));
+    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", path("folder.csv")));
     EXPECT_TRUE(std::filesystem::is_empty(folder / "folder.csv"));
+}
+
+TEST_F(Export, RefusesToReplaceATable)
+{
+    const wxString table = path("a.stb");
+    ASSERT_TRUE(cma::savePlotStyleTable(OdString(table.wc_str()), names));
+    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", table));
+    EXPECT_FALSE(cma::loadPlotStyleTable(OdString(table.wc_str())).isNull());
+}
+
+TEST_F(Export, LeavesTheOldFileWhereTheNewOneCannotBeWritten)
+{
+    const wxString old = path("old.csv");
+    ASSERT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", old));
+    const auto size = wxFileName::GetSize(old);
+    // As on a full disk.
+    rlimit whole{};
+    getrlimit(RLIMIT_FSIZE, &whole);
+    const rlimit small{100, whole.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    const CsvExport again = exportCsv(*colours, "b.ctb", old);
+    const CsvExport fresh = exportCsv(*colours, "b.ctb", path("new.csv"));
+    setrlimit(RLIMIT_FSIZE, &whole);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(again, CsvExport::NotWritten);
+    EXPECT_EQ(fresh, CsvExport::NotWritten);
+    EXPECT_EQ(wxFileName::GetSize(old), size);
+    EXPECT_FALSE(wxFileName::Exists(path("new.csv")));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1)
+        << "nothing is left behind";
 }

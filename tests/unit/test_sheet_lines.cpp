@@ -175,7 +175,7 @@ TEST_F(SheetLines, ScaleLinetypesOnlyWhereTheFactorIsForThem)
     EXPECT_EQ(dashes(dashed), (std::vector<double>{3.5, 1.0})) << "the factor is not applied";
     names->setApplyScaleFactor(true);
     EXPECT_EQ(dashes(dashed), (std::vector<double>{7.0, 2.0}));
-    EXPECT_EQ(dashes(isoDash), (std::vector<double>{3.0, 0.75})) << "in widths of the line";
+    EXPECT_EQ(dashes(isoDash), (std::vector<double>{12.0, 3.0})) << "in widths of the line";
     names->setScaleFactor(1e9);
     EXPECT_EQ(dashes(dashed), (std::vector<double>{14.0, 4.0})) << "still to be seen as a dash";
 }

@@ -2,6 +2,7 @@
 
 #include "options.h"
 
+#include <wx/string.h>
 #include <wx/translation.h>
 
 #include <charconv>
@@ -18,11 +19,11 @@ const char* const usage = wxTRANSLATE(
        pstyle --list                     print the tables of the plot style folder
        pstyle --folder DIR               make DIR the plot style folder
        pstyle --export TABLE [CSV]       write a table as comma-separated text
-       pstyle --picture TABLE PNG        draw a table, a line for each style
+       pstyle --picture TABLE PNG        draw a table, a line for each run of equal styles
               [--size N]                 ... at most N pixels wide and high (16 to 4096)
        pstyle --help | --version
 
-Opens and edits plot style tables: colour-dependent ones (.ctb) and named ones (.stb).
+Opens and edits plot style tables: color-dependent ones (.ctb) and named ones (.stb).
 
 Exit status: 0 done (a dialog: closed with OK), 1 cancelled or failed, 2 wrong usage.
 )");
@@ -140,12 +141,13 @@ Options parseOptions(int argc, char** argv)
     Options options;
     bool isSized = false;
     opterr = 0;
-    for (int found; (found = getopt_long(argc, argv, ":", known, nullptr)) != -1;)
+    for (int found; (found = getopt_long(argc, argv, ":h", known, nullptr)) != -1;)
     {
         if (found == ':')
             return refuse(wxTRANSLATE("%s needs a value"), argv[optind - 1]);
         if (found == '?')
-            return refuse(wxTRANSLATE("unknown option %s"), argv[optind - 1]);
+            return refuse(wxTRANSLATE("unknown option %s"),
+                          optopt ? std::string("-") + char(optopt) : argv[optind - 1]);
         isSized |= found == 'z';
         if (found != 'z' && options.action != Action::Choose)
             return refuse(wxTRANSLATE("more than one command given"));
@@ -154,5 +156,8 @@ Options parseOptions(int argc, char** argv)
     }
     if (isSized && options.action != Action::Picture)
         return refuse(wxTRANSLATE("%s goes with --picture"), "--size");
+    for (int i = 1; i < argc; ++i)
+        if (*argv[i] && wxString::FromUTF8(argv[i]).empty())
+            return refuse(wxTRANSLATE("a name is not UTF-8"));
     return takeNames(options, {argv + optind, argv + argc});
 }

@@ -11,6 +11,7 @@
 
 #include <wx/app.h>
 #include <wx/arrstr.h>
+#include <wx/file.h>
 #include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/imagpng.h>
@@ -53,16 +54,12 @@ int print(const wxArrayString& lines)
     return exitDone;
 }
 
-// File names are UTF-8, like everything else on the systems that the program runs on; where they
-// are not, their bytes are kept as far as the toolkit can.
+// File names are UTF-8, like everything else on the systems that the program runs on.
 wxString fullPath(const std::string& argument)
 {
     if (argument.empty())
         return wxString();
-    wxString text = wxString::FromUTF8(argument);
-    if (text.empty())
-        text = wxString(argument.c_str(), *wxConvFileName);
-    wxFileName name(text);
+    wxFileName name(wxString::FromUTF8(argument));
     name.MakeAbsolute();
     return name.GetFullPath();
 }
@@ -175,7 +172,11 @@ OdPsPlotStyleTablePtr sourceTable(const wxString& path)
 {
     const auto table = cma::loadPlotStyleTable(OdString(path.wc_str()));
     if (table.isNull())
-        say(exitFailed, wxString::Format(_("%s is not a plot style table"), path));
+        say(exitFailed,
+            wxString::Format(wxFileName::DirExists(path) ? _("%s is a folder")
+                             : !wxFileName::Exists(path) ? _("%s does not exist")
+                                                         : _("%s is not a plot style table"),
+                             path));
     return table;
 }
 
@@ -188,15 +189,18 @@ int exportTable(const Options& options)
     if (options.file.empty())
         return print(csvLines(*table, source.GetFullName()));
     const wxString target = fullPath(options.file);
-    if (!exportCsv(*table, source.GetFullName(), target))
+    if (exportCsv(*table, source.GetFullName(), target) != CsvExport::Done)
         return say(exitFailed, wxString::Format(_("Failed to create or open file: %ls"), target));
     return exitDone;
 }
 
-// A slip of the hand must not put a picture in the place of a table.
+// A slip of the hand must not put a picture in the place of a table. Folder views make an empty
+// file beforehand.
 bool mayBecomePicture(const wxString& path)
 {
-    const wxLogNull noMessages; // about a file that is none or cannot be read
+    const wxLogNull noMessages; // about a file that cannot be read
+    if (wxFileName::Exists(path) && !wxFileName::FileExists(path))
+        return false;
     return !wxFileName::Exists(path) || wxFileName::GetSize(path) == 0 ||
            wxPNGHandler().CanRead(path);
 }
@@ -210,7 +214,10 @@ int drawTable(const Options& options)
     if (!mayBecomePicture(target))
         return say(exitFailed,
                    wxString::Format(_("%s is not a picture and is not replaced"), target));
-    if (!writeTablePicture(*table, options.size, target.utf8_string()))
+    const wxLogNull noMessages; // the program's own says enough
+    const std::string picture = tablePicture(*table, options.size);
+    wxTempFile file;
+    if (!file.Open(target) || !file.Write(picture.data(), picture.size()) || !file.Commit())
         return say(exitFailed, wxString::Format(_("Failed to create or open file: %ls"), target));
     return exitDone;
 }

@@ -72,21 +72,19 @@ double widthOf(const OdPsPlotStyleTable& table, const OdPsPlotStyleData& data)
     return width >= 0 && width <= maxLineWeight ? width : SheetLine::usualWidth;
 }
 
-std::vector<double> dashesOf(const OdPsPlotStyleTable& table, const OdPsPlotStyleData& data,
-                             double width)
+void setDashes(SheetLine& line, const OdPsPlotStyleTable& table, const OdPsPlotStyleData& data)
 {
     if (data.linetype <= solid || data.linetype >= static_cast<int>(std::size(linetypes)))
-        return {};
-    const bool isIso = data.linetype >= firstIsoLinetype;
+        return;
+    line.dashes = linetypes[data.linetype];
+    line.dashesAreWidths = data.linetype >= firstIsoLinetype;
+    if (line.dashesAreWidths)
+        return;
     // With a factor far from 1 a line is all ink or all gap on so small a sheet.
     const double factor =
         table.isApplyScaleFactor() ? std::clamp(table.scaleFactor(), 0.25, 4.0) : 1.0;
-    const double unit =
-        isIso ? std::max(width, SheetLine::usualWidth) : millimetersPerUnit * factor;
-    std::vector<double> dashes = linetypes[data.linetype];
-    for (double& length : dashes)
-        length *= unit;
-    return dashes;
+    for (double& length : line.dashes)
+        length *= millimetersPerUnit * factor;
 }
 
 wxString nameOf(const OdPsPlotStyleTable& table, int style)
@@ -105,7 +103,7 @@ SheetLine lineOf(const OdPsPlotStyleTable& table, int first, int last)
         line.label += wxString(L" \u2013 ") + nameOf(table, last);
     line.colors = colorsOf(table, first, last, data);
     line.width = widthOf(table, data);
-    line.dashes = dashesOf(table, data, line.width);
+    setDashes(line, table, data);
     if (data.endStyle >= 0 && data.endStyle <= int(SheetLine::End::Diamond))
         line.end = SheetLine::End(data.endStyle);
     if (data.joinStyle >= 0 && data.joinStyle <= int(SheetLine::Join::Diamond))

@@ -36,9 +36,11 @@ struct SheetLine
     std::vector<std::uint32_t> colors;
     /// In millimetres. An object's own lineweight is drawn as the usual one.
     double width = usualWidth;
-    /// Lengths of ink and gap by turns, in millimetres; empty for a solid line, as which an
-    /// object's own linetype is drawn.
+    /// Lengths of ink and gap by turns, in millimetres or in widths of the line; empty for a solid
+    /// line, as which an object's own linetype is drawn.
     std::vector<double> dashes;
+    /// ISO linetypes are measured in widths of the line.
+    bool dashesAreWidths = false;
     /// An object's own end and join are drawn round, as plotters do.
     End end = End::Round;
     Join join = Join::Round;

@@ -10,6 +10,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 namespace
@@ -17,6 +18,8 @@ namespace
 
 constexpr double sheetRatio = 1.41421356; // of the ISO 216 paper sizes
 constexpr double millimetersPerSheet = 50;
+// Wider lines are drawn as wide as this, in millimetres, so that they leave the others visible.
+constexpr double mostWidth = 2.5;
 
 template <auto release>
 struct Release
@@ -90,7 +93,6 @@ public:
         : m_context(context)
         , m_width(width)
         , m_height(height)
-        , m_pixelsPerMillimeter(height / millimetersPerSheet)
     {
     }
 
@@ -98,6 +100,8 @@ public:
     {
         drawPaper();
         const Grid grid(m_width, m_height, static_cast<int>(lines.size()));
+        m_pixelsPerMillimeter =
+            std::min(m_height / millimetersPerSheet, grid.rowHeight * 0.4 / widest(lines));
         const std::size_t shown =
             std::min(lines.size(), static_cast<std::size_t>(grid.rows * grid.columns));
         for (std::size_t i = 0; i < shown; ++i)
@@ -116,6 +120,14 @@ private:
     {
         const auto [red, green, blue] = channels(rgb);
         cairo_set_source_rgb(m_context, red, green, blue);
+    }
+
+    static double widest(const std::vector<SheetLine>& lines)
+    {
+        double width = SheetLine::usualWidth;
+        for (const SheetLine& line : lines)
+            width = std::max(width, std::min(line.width, mostWidth));
+        return width;
     }
 
     void drawPaper()
@@ -150,18 +162,60 @@ private:
     // A line that rises to a point near its end, so that its join is seen as well.
     void drawLine(const SheetLine& line, Point corner, double length, double height)
     {
-        const double width =
-            std::clamp(line.width * m_pixelsPerMillimeter, 1.0, std::max(1.0, height * 0.4));
+        const double width = drawnWidth(line);
         const double rise = height * 0.4;
         const double base = std::round(corner.y + height * 0.7) + (width < 2 ? 0.5 : 0);
+        // Room for the ends.
         const double left = corner.x + width / 2;
-        const double right = corner.x + length - width / 2;
+        const double right = corner.x + length - width * 0.75;
         const Point points[] = {{left, base},
                                 {std::max(left, right - 2 * rise), base},
                                 {std::max(left, right - rise), base - rise},
                                 {right, base}};
+        if (isPale(line))
+        {
+            setColor(0xC8C8C8);
+            stroke(line, points, width, 2);
+        }
         setColors(line.colors, corner.x, corner.x + length);
-        stroke(line, points, width);
+        stroke(line, points, width, 0);
+    }
+
+    double drawnWidth(const SheetLine& line) const
+    {
+        return std::max(1.0, std::min(line.width, mostWidth) * m_pixelsPerMillimeter);
+    }
+
+    // Ink that cannot be told from the paper gets an outline.
+    static bool isPale(const SheetLine& line)
+    {
+        constexpr int pale = 0xE8;
+        return std::all_of(
+            line.colors.begin(), line.colors.end(),
+            [](std::uint32_t rgb) {
+                return std::min({rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF}) >= pale;
+            });
+    }
+
+    // The dashes of a line, in pixels, of which at least one and a half patterns fit its straight
+    // part. Round and square ends take their length from the gaps.
+    std::vector<double> pixelDashes(const SheetLine& line, double width, double straight) const
+    {
+        std::vector<double> dashes = line.dashes;
+        const double unit = line.dashesAreWidths
+                                ? std::max(width, SheetLine::usualWidth * m_pixelsPerMillimeter)
+                                : m_pixelsPerMillimeter;
+        const double pattern = std::accumulate(dashes.begin(), dashes.end(), 0.0);
+        const double scale = std::min(unit, straight / (1.5 * std::max(pattern, 1e-6)));
+        const bool extends =
+            line.end == SheetLine::End::Round || line.end == SheetLine::End::Square;
+        for (std::size_t i = 0; i < dashes.size(); ++i)
+        {
+            const double length = dashes[i] * scale;
+            const double ink = std::max(0.05, extends ? length - width : std::max(1.0, length));
+            dashes[i] = i % 2 == 0 ? ink : std::max(1.0, length) + (extends ? width : 0.0);
+        }
+        return dashes;
     }
 
     // Several colours follow one another along the line.
@@ -180,58 +234,72 @@ private:
         cairo_set_source(m_context, pattern.get());
     }
 
-    void stroke(const SheetLine& line, const Point (&points)[4], double width)
+    // @param outline  by how much the line is drawn wider
+    void stroke(const SheetLine& line, const Point (&points)[4], double width, double outline)
     {
         static const cairo_line_cap_t caps[] = {CAIRO_LINE_CAP_BUTT, CAIRO_LINE_CAP_SQUARE,
                                                 CAIRO_LINE_CAP_ROUND, CAIRO_LINE_CAP_BUTT};
         static const cairo_line_join_t joins[] = {CAIRO_LINE_JOIN_MITER, CAIRO_LINE_JOIN_BEVEL,
                                                   CAIRO_LINE_JOIN_ROUND, CAIRO_LINE_JOIN_BEVEL};
-        cairo_set_line_width(m_context, width);
+        cairo_set_line_width(m_context, width + outline);
         cairo_set_line_cap(m_context, caps[static_cast<int>(line.end)]);
         cairo_set_line_join(m_context, joins[static_cast<int>(line.join)]);
-        std::vector<double> dashes = line.dashes;
-        for (double& dash : dashes)
-            dash = std::max(1.0, dash * m_pixelsPerMillimeter);
+        const auto dashes = pixelDashes(line, width, points[1].x - points[0].x);
         cairo_set_dash(m_context, dashes.data(), static_cast<int>(dashes.size()), 0);
         cairo_new_path(m_context);
         for (const Point& point : points)
             cairo_line_to(m_context, point.x, point.y);
         cairo_stroke(m_context);
+        const double radius = (width + outline) / 2;
         if (line.end == SheetLine::End::Diamond)
         {
-            drawDiamond(points[0], width / 2);
-            drawDiamond(points[3], width / 2);
+            drawDiamond(points[0], radius, false);
+            drawDiamond(points[3], radius, true); // where the line comes down
         }
         if (line.join == SheetLine::Join::Diamond)
         {
-            drawDiamond(points[1], width * 0.7);
-            drawDiamond(points[2], width * 0.7);
+            drawDiamond(points[1], radius * sheetRatio, false);
+            drawDiamond(points[2], radius * sheetRatio, false);
         }
     }
 
-    void drawDiamond(Point centre, double radius)
+    // A diamond on its point, or on a side at the end of a slope.
+    void drawDiamond(Point centre, double radius, bool isOnSlope)
     {
-        cairo_move_to(m_context, centre.x - radius, centre.y);
-        cairo_line_to(m_context, centre.x, centre.y - radius);
-        cairo_line_to(m_context, centre.x + radius, centre.y);
-        cairo_line_to(m_context, centre.x, centre.y + radius);
+        cairo_save(m_context);
+        cairo_translate(m_context, centre.x, centre.y);
+        if (isOnSlope)
+            cairo_rotate(m_context, std::acos(-1.0) / 4);
+        cairo_move_to(m_context, -radius, 0);
+        cairo_line_to(m_context, 0, -radius);
+        cairo_line_to(m_context, radius, 0);
+        cairo_line_to(m_context, 0, radius);
         cairo_close_path(m_context);
+        cairo_restore(m_context);
         cairo_fill(m_context);
     }
 
     cairo_t* m_context;
     double m_width;
     double m_height;
-    double m_pixelsPerMillimeter;
+    /// One for all lines, so that their widths can be compared.
+    double m_pixelsPerMillimeter = 0;
 };
 
 } // namespace
 
-bool writeTablePicture(const OdPsPlotStyleTable& table, int size, const std::string& path)
+std::string tablePicture(const OdPsPlotStyleTable& table, int size)
 {
     const int width = static_cast<int>(std::lround(size / sheetRatio));
     const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, size));
     const Context context(cairo_create(surface.get()));
     SheetPainter(context.get(), width, size).draw(sheetLines(table));
-    return cairo_surface_write_to_png(surface.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+    std::string bytes;
+    const auto append = [](void* to, const unsigned char* data, unsigned length)
+    {
+        static_cast<std::string*>(to)->append(reinterpret_cast<const char*>(data), length);
+        return CAIRO_STATUS_SUCCESS;
+    };
+    cairo_surface_write_to_png_stream(surface.get(), append, &bytes);
+    return bytes;
 }

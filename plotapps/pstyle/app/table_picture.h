@@ -10,8 +10,7 @@ class OdPsPlotStyleTable;
 /// Draws a table as an upright sheet of white paper: one line for every run of equal styles, and
 /// its name where there is room for it. Where there are too many lines the last ones are left out.
 /// @param size  the height in pixels, from `leastPictureSize` to `mostPictureSize`
-/// @param path  the PNG file, in the encoding of file names; replaced if it exists
-/// @return whether the file was written
-bool writeTablePicture(const OdPsPlotStyleTable& table, int size, const std::string& path);
+/// @return the bytes of a PNG file
+std::string tablePicture(const OdPsPlotStyleTable& table, int size);
 
 #endif

@@ -6,6 +6,7 @@
 
 #include "odps/od_ps.h"
 
+#include <wx/file.h>
 #include <wx/filename.h>
 #include <wx/log.h>
 #include <wx/textfile.h>
@@ -76,12 +77,31 @@ wxString linkTarget(const wxString& path)
     return noFile ? path : wxString::FromUTF8(target.string());
 }
 
+// Whether a file begins as a table does. Nobody means to lose one to an export.
+bool isTable(const wxString& path)
+{
+    const std::string beginning = "PIAFILEVERSION_";
+    std::string found(beginning.size(), '\0');
+    wxFile file(path);
+    return file.IsOpened() && file.Read(found.data(), found.size()) > 0 && found == beginning;
+}
+
 // A write makes a plain file of whatever bears the name, and needs the folder, too.
 bool canBeReplaced(const wxString& path)
 {
     return std::filesystem::is_regular_file(path.utf8_string()) &&
            wxFileName::IsFileReadable(path) && wxFileName::IsFileWritable(path) &&
-           wxFileName::IsDirWritable(wxFileName(path).GetPath());
+           wxFileName::IsDirWritable(wxFileName(path).GetPath()) && !isTable(path);
+}
+
+// Replaces a file in one step, so that a full disk leaves it as it was.
+bool replaceText(const wxString& path, const wxArrayString& lines)
+{
+    wxString text;
+    for (const wxString& line : lines)
+        text += line + wxTextFile::GetEOL();
+    wxTempFile file;
+    return file.Open(path) && file.Write(text, wxConvUTF8) && file.Commit();
 }
 
 } // namespace
@@ -97,20 +117,18 @@ wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName
     return lines;
 }
 
-bool exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const wxString& path)
+CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const wxString& path)
 {
     const wxLogNull noMessages; // the caller reports
     wxTextFile file;
     const wxString target = linkTarget(path);
     const bool exists = wxFileName::Exists(target);
-    if (exists && !canBeReplaced(target))
-        return false;
-    if (!(exists ? file.Open(target) : file.Create(target)))
-        return false;
-    file.Clear();
-    for (const wxString& line : csvLines(table, fileName))
-        file.AddLine(line);
-    file.Write(wxTextFileType_None, wxConvAuto());
+    if (exists ? !canBeReplaced(target) || !file.Open(target) : !file.Create(target))
+        return CsvExport::NotOpened;
     file.Close();
-    return true;
+    if (replaceText(target, csvLines(table, fileName)))
+        return CsvExport::Done;
+    if (!exists)
+        wxRemoveFile(target);
+    return CsvExport::NotWritten;
 }

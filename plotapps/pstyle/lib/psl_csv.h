@@ -16,10 +16,19 @@ class OdPsPlotStyleTable;
 /// @param fileName  the table file's name and extension
 PSL_API wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName);
 
-/// Writes the lines as UTF-8 into a text file, replacing what an existing file holds.
+enum class CsvExport
+{
+    Done,
+    /// The file cannot be created, or opened as a text, or is a table.
+    NotOpened,
+    /// The disk is full, for instance.
+    NotWritten,
+};
+
+/// Writes the lines as UTF-8 into a text file, replacing what an existing file holds. Where that
+/// fails, an existing file is as it was.
 /// @param path  the export file's full path
-/// @return false when the file cannot be created or opened; a failure while writing is not reported
-PSL_API bool exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName,
-                       const wxString& path);
+PSL_API CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName,
+                            const wxString& path);
 
 #endif

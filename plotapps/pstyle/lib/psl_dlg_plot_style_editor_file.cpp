@@ -252,6 +252,7 @@ void DlgPlotStyleEditor::onExport(wxCommandEvent&)
     if (dialog.ShowModal() != wxID_OK)
         return;
     const wxString path = chosenPath(dialog);
-    if (!exportCsv(*m_table, m_fileName.GetFullName(), path))
+    // A failure while writing is not reported here.
+    if (exportCsv(*m_table, m_fileName.GetFullName(), path) == CsvExport::NotOpened)
         wxLogError(_("Failed to create or open file: %ls"), path);
 }
