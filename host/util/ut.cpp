@@ -10,6 +10,7 @@
 #include <wx/translation.h>
 #include <wx/utils.h>
 
+#include <clocale>
 #include <memory>
 #include <optional>
 
@@ -108,6 +109,8 @@ bool setString(ECfgGroup group, const wxString& name, const wxString& value)
 
 void loadTranslations()
 {
+    // For the texts of the desktop's own dialogs. Numbers stay as they are: in the toolkit's hands.
+    std::setlocale(LC_MESSAGES, "");
     auto* translations = new wxTranslations; // becomes the toolkit's
     wxTranslations::Set(translations);
     wxFileTranslationsLoader::AddCatalogLookupPathPrefix(besideProgram(PSTYLE_LOCALE_DIR));

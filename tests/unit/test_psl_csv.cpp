@@ -11,6 +11,7 @@
 #include <wx/filename.h>
 #include <wx/init.h>
 
+#include <clocale>
 #include <csignal>
 #include <filesystem>
 #include <sys/resource.h>
@@ -201,4 +202,15 @@ TEST_F(Export, LeavesTheOldFileWhereTheNewOneCannotBeWritten)
     EXPECT_FALSE(wxFileName::Exists(path("new.csv")));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1)
         << "nothing is left behind";
+}
+
+TEST_F(Export, WritesPointsInEveryLocale)
+{
+    names->setScaleFactor(2.5);
+    const auto before = linesOf(names);
+    if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8"))
+        GTEST_SKIP() << "this system has no locale with a comma";
+    const auto lines = linesOf(names);
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(lines, before);
 }
