@@ -66,8 +66,8 @@ wxString besideProgram(const wxString& folderName)
     return beside.GetPath();
 }
 
-// The first of the user's languages that there is a catalogue for; empty where LANGUAGE names none.
-// The toolkit would let LANG go first, which LANGUAGE overrides.
+// The first language of LANGUAGE that there is a catalogue for, else English; empty where LANGUAGE
+// is not set, and it is for the toolkit to ask LANG, to which it would give the preference.
 wxString preferredLanguage(const wxTranslations& translations)
 {
     wxArrayString available = translations.GetAvailableTranslations("pstyle");
@@ -81,7 +81,7 @@ wxString preferredLanguage(const wxTranslations& translations)
             available.Index(language.BeforeFirst('_')) != wxNOT_FOUND)
             return language;
     }
-    return wxString();
+    return languages.empty() ? wxString() : wxString("en");
 }
 
 } // namespace

@@ -32,7 +32,7 @@ VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, co
          {
              event.Skip();
              // The toolkit lays the field out after this.
-             CallAfter(&VariesCombo::speak);
+             CallAfter(&VariesCombo::tellValue);
          });
     setSpokenRole(this, SpokenRole::ComboBox);
 }
@@ -40,14 +40,16 @@ VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, co
 void VariesCombo::SetSelection(int item)
 {
     wxOwnerDrawnComboBox::SetSelection(item);
-    speak();
+    tellValue();
 }
 
 // The field is drawn, which tells a screen reader nothing, and may be too narrow for its text.
-void VariesCombo::speak()
+void VariesCombo::tellValue()
 {
     const wxString text = m_varies ? wxString(_("Varies")) : GetValue();
-    const int room = GetTextRect().width - (m_varies ? 0 : textIndent(GetSelection())) - 2 * gap;
+    const bool hasPicture = !m_varies && GetSelection() >= 0;
+    const int indent = hasPicture ? textIndent(picture(GetSelection())) : 0;
+    const int room = GetTextRect().width - indent - 2 * gap;
     if (showsText() && GetTextExtent(text).x > room)
         SetToolTip(text);
     else
@@ -55,10 +57,10 @@ void VariesCombo::speak()
     setSpokenValue(this, text);
 }
 
-// Where the text of an entry begins, behind its picture.
-int VariesCombo::textIndent(int item) const
+// How far an entry's text is behind its picture.
+int VariesCombo::textIndent(const wxBitmap& entryPicture) const
 {
-    return item >= 0 && picture(item).IsOk() ? pictureSize().x + gap : 0;
+    return entryPicture.IsOk() ? pictureSize().x + gap : 0;
 }
 
 void VariesCombo::setVaries(bool varies)
@@ -66,14 +68,14 @@ void VariesCombo::setVaries(bool varies)
     if (varies == m_varies)
         return;
     m_varies = varies;
-    speak();
+    tellValue();
     Refresh();
 }
 
 void VariesCombo::onPicked(wxCommandEvent& event)
 {
     setVaries(false);
-    speak();
+    tellValue();
     m_pickedByKey = false;
     event.Skip();
 }
@@ -131,8 +133,8 @@ void VariesCombo::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) 
             rect.GetPosition() + wxPoint(gap + (room.x - size.x) / 2, (rect.height - size.y) / 2);
         const bool disabled = isField && !IsThisEnabled();
         dc.DrawBitmap(disabled ? bitmap.ConvertToDisabled() : bitmap, corner, true);
-        textRect.x += textIndent(item);
-        textRect.width -= textIndent(item);
+        textRect.x += textIndent(bitmap);
+        textRect.width -= textIndent(bitmap);
     }
     if (showsText())
         drawText(dc, textRect, GetString(static_cast<unsigned>(item)), flags);

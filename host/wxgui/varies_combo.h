@@ -10,7 +10,8 @@ namespace wxg
 
 /// A drop-down list that draws a picture before each entry's text, and whose closed field can say
 /// that several values are meant at once. Sends wxEVT_COMBOBOX when the user picks an entry, the
-/// current one included; Escape closes an open list and nothing else.
+/// current one included; Escape closes an open list and nothing else. Where the field is too narrow
+/// for its text, the text is the control's tool tip.
 class VariesCombo : public wxOwnerDrawnComboBox
 {
 public:
@@ -42,8 +43,8 @@ private:
     void drawText(wxDC& dc, const wxRect& rect, const wxString& text, int flags) const;
     void onCharHook(wxKeyEvent& event);
     void onPicked(wxCommandEvent& event);
-    void speak();
-    int textIndent(int item) const;
+    void tellValue();
+    int textIndent(const wxBitmap& entryPicture) const;
 
     bool m_varies = false;
     bool m_pickedByKey = false;

@@ -104,15 +104,20 @@ void wxg::speakList(wxListCtrl* list, const wxString& name)
 {
     setSpokenName(list, name);
     setSpokenRole(list, SpokenRole::List);
-    list->Bind(wxEVT_LIST_ITEM_FOCUSED,
-               [list](wxListEvent& event)
-               {
-                   event.Skip();
-                   // A list that loses its rows has the focus on none.
-                   const long row = event.GetIndex();
-                   const bool isRow = row >= 0 && row < list->GetItemCount();
-                   setSpokenValue(list, isRow ? list->GetItemText(row) : wxString());
-               });
+    const auto speakRow = [list](wxListEvent& event)
+    {
+        event.Skip();
+        // The new text of a row is there after the event.
+        list->CallAfter([list] { speakFocusedRow(list); });
+    };
+    list->Bind(wxEVT_LIST_ITEM_FOCUSED, speakRow);
+    list->Bind(wxEVT_LIST_END_LABEL_EDIT, speakRow);
+}
+
+void wxg::speakFocusedRow(wxListCtrl* list)
+{
+    const long row = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    setSpokenValue(list, row < 0 ? wxString() : list->GetItemText(row));
 }
 
 void wxg::showOwnLabels(wxWindow* window)

@@ -54,6 +54,8 @@ void setSpokenValue(wxWindow* control, const wxString& value);
 
 /// Makes a list known to screen readers: its name, and the text of the row that has the focus.
 void speakList(wxListCtrl* list, const wxString& name);
+/// Tells the text of the row that has the focus anew, when the program has changed it.
+void speakFocusedRow(wxListCtrl* list);
 
 /// Where a dockable pane of the host stands until the user moves it.
 struct DockState

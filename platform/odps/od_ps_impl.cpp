@@ -52,6 +52,9 @@ OdPsPlotStyleImpl* OdPsPlotStyleImpl::make(std::wstring_view name, std::wstring_
                                            std::wstring_view description,
                                            const OdPsPlotStyleData& data)
 {
+    // Nothing behind a NUL can be read from a style, so it takes no memory.
+    for (std::wstring_view* text : {&name, &localizedName, &description})
+        *text = text->substr(0, text->find(L'\0'));
     const bool hasOneName = name == localizedName;
     const std::size_t length =
         localizedName.size() + 1 + description.size() + 1 + (hasOneName ? 0 : name.size() + 1);

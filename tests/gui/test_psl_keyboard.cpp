@@ -8,6 +8,7 @@
 #include <wx/combobox.h>
 #include <wx/notebook.h>
 #include <wx/radiobut.h>
+#include <wx/spinctrl.h>
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
@@ -175,13 +176,21 @@ class Closing : public Keyboard
 {
 protected:
     // Presses a key in the next dialog: in a control of it, or where the focus starts.
-    void press(int key, const char* control = nullptr)
+    void press(int key, const char* control = nullptr,
+               EditorDriver::Page page = EditorDriver::General)
     {
         answers.start(
             [=](wxDialog* dialog)
             {
                 ASSERT_TRUE(waitFor([dialog] { return dialog->IsShownOnScreen(); }));
                 putPointerOn(*dialog);
+                if (page != EditorDriver::General)
+                {
+                    EditorDriver editor(*dialog);
+                    editor.select({0});
+                    editor.turnTo(page);
+                    updateUi(*dialog);
+                }
                 ASSERT_TRUE(!control || focus(find<wxWindow>(*dialog, control)));
                 wxUIActionSimulator().Char(key);
             });
@@ -208,9 +217,15 @@ TEST_F(Closing, EscapeCancelsEveryDialog)
 
 TEST_F(Closing, ReturnConfirmsEveryDialog)
 {
-    for (const char* control : {"NoteBook", "CheckScale"})
+    const std::pair<EditorDriver::Page, const char*> controls[] = {
+        {EditorDriver::General, "NoteBook"},
+        {EditorDriver::General, "CheckScale"},
+        {EditorDriver::FormView, "ComboFillStyle"},
+        {EditorDriver::FormView, "ComboColor"},
+        {EditorDriver::Lineweights, "RadLwMm"}};
+    for (const auto& [page, control] : controls)
     {
-        press(WXK_RETURN, control);
+        press(WXK_RETURN, control, page);
         EXPECT_TRUE(editPlotStyleTable(table, nullptr)) << control;
     }
     press(WXK_RETURN);
@@ -258,9 +273,18 @@ TEST_F(Closing, ReturnDoesFirstWhatItIsForInAField)
             EditorDriver editor(*dialog);
             editor.select({0});
             updateUi(*dialog);
-            typeInto(find<wxWindow>(*dialog, "SpinPhysPen"), "12");
+            auto* pen = find<wxSpinCtrl>(*dialog, "SpinPhysPen");
+            int entries = 0;
+            pen->Bind(wxEVT_SPINCTRL,
+                      [&entries](wxSpinEvent& event)
+                      {
+                          ++entries;
+                          event.Skip();
+                      });
+            typeInto(pen, "12");
+            EXPECT_EQ(entries, 0);
             wxUIActionSimulator().Char(WXK_RETURN);
-            ASSERT_TRUE(waitFor([&] { return editor.shown("SpinPhysPen") == "12"; }));
+            ASSERT_TRUE(waitFor([&] { return entries == 1; }));
             EXPECT_TRUE(dialog->IsModal()) << "Return has ended the entry only";
             pressKey(find<wxWindow>(*dialog, "CheckDither"), WXK_RETURN);
         });

@@ -151,7 +151,8 @@ void DialogAnswers::run(std::function<void(wxDialog*)> script, bool endsAfterwar
                     {
                         ADD_FAILURE() << error.what();
                     }
-                    if (endsAfterwards && dialog->IsModal())
+                    const bool isStuck = testing::Test::HasFatalFailure();
+                    if ((endsAfterwards || isStuck) && dialog->IsModal())
                         dialog->EndModal(wxID_CANCEL);
                 });
             return int(wxID_NONE);

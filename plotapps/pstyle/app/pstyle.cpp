@@ -5,13 +5,13 @@
 
 #include "psl.h"
 #include "psl_csv.h"
+#include "psl_replace_file.h"
 
 #include "cmdapi/cma.h"
 #include "util/ut.h"
 
 #include <wx/app.h>
 #include <wx/arrstr.h>
-#include <wx/file.h>
 #include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/imagpng.h>
@@ -214,10 +214,8 @@ int drawTable(const Options& options)
     if (!mayBecomePicture(target))
         return say(exitFailed,
                    wxString::Format(_("%s is not a picture and is not replaced"), target));
-    const wxLogNull noMessages; // the program's own says enough
     const std::string picture = tablePicture(*table, options.size);
-    wxTempFile file;
-    if (!file.Open(target) || !file.Write(picture.data(), picture.size()) || !file.Commit())
+    if (!replaceFile(target, picture.data(), picture.size()))
         return say(exitFailed, wxString::Format(_("Failed to create or open file: %ls"), target));
     return exitDone;
 }

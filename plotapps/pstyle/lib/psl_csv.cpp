@@ -3,6 +3,7 @@
 #include "psl_csv.h"
 
 #include "psl_lineweights.h"
+#include "psl_replace_file.h"
 
 #include "odps/od_ps.h"
 
@@ -103,19 +104,9 @@ bool isTable(const wxString& path)
 // A write makes a plain file of whatever bears the name, and needs the folder, too.
 bool canBeReplaced(const wxString& path)
 {
-    return std::filesystem::is_regular_file(path.utf8_string()) &&
-           wxFileName::IsFileReadable(path) && wxFileName::IsFileWritable(path) &&
+    return wxFileName::FileExists(path) && wxFileName::IsFileReadable(path) &&
+           wxFileName::IsFileWritable(path) &&
            wxFileName::IsDirWritable(wxFileName(path).GetPath()) && !isTable(path);
-}
-
-// Replaces a file in one step, so that a full disk leaves it as it was.
-bool replaceText(const wxString& path, const wxArrayString& lines)
-{
-    wxString text;
-    for (const wxString& line : lines)
-        text += line + wxTextFile::GetEOL();
-    wxTempFile file;
-    return file.Open(path) && file.Write(text, wxConvUTF8) && file.Commit();
 }
 
 } // namespace
@@ -140,7 +131,11 @@ CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, c
     if (exists ? !canBeReplaced(target) || !file.Open(target) : !file.Create(target))
         return CsvExport::NotOpened;
     file.Close();
-    if (replaceText(target, csvLines(table, fileName)))
+    wxString text;
+    for (const wxString& line : csvLines(table, fileName))
+        text += line + wxTextFile::GetEOL();
+    const auto bytes = text.utf8_str();
+    if (replaceFile(target, bytes.data(), bytes.length()))
         return CsvExport::Done;
     if (!exists)
         wxRemoveFile(target);

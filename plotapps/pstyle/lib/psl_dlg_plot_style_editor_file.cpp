@@ -139,20 +139,19 @@ namespace
 {
 
 // Whether Return has nothing to do for a control that has the focus: no entry to end, no line to
-// break, no list to close, no button to press.
+// break, no open list to pick from, no button to press.
 bool hasNoUseForReturn(wxWindow* control)
 {
     const auto* combo = dynamic_cast<wxOwnerDrawnComboBox*>(control);
-    const bool isListRow = control && dynamic_cast<wxListCtrl*>(control->GetParent()) &&
-                           !dynamic_cast<wxTextCtrl*>(control);
-    return isListRow || (combo && !combo->IsPopupShown()) || dynamic_cast<wxNotebook*>(control) ||
+    return (combo && !combo->IsPopupShown()) || dynamic_cast<wxNotebook*>(control) ||
            dynamic_cast<wxCheckBox*>(control) || dynamic_cast<wxRadioButton*>(control);
 }
 
 } // namespace
 
 // Return confirms the dialog, where it has nothing else to do. A default button would get it from
-// the fields, too.
+// the fields, too. A list is left alone: one Return too many at the end of a rename must not close
+// the dialog.
 void DlgPlotStyleEditor::onReturn(wxKeyEvent& event)
 {
     const int key = event.GetKeyCode();
@@ -252,7 +251,7 @@ void DlgPlotStyleEditor::onExport(wxCommandEvent&)
     if (dialog.ShowModal() != wxID_OK)
         return;
     const wxString path = chosenPath(dialog);
-    // A failure while writing is not reported here.
+    // The editor reports what keeps an export from beginning, and that alone.
     if (exportCsv(*m_table, m_fileName.GetFullName(), path) == CsvExport::NotOpened)
         wxLogError(_("Failed to create or open file: %ls"), path);
 }

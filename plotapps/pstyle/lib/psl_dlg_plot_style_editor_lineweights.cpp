@@ -5,6 +5,7 @@
 #include "psl_controls.h"
 
 #include "wxgui/image_combo.h"
+#include "wxgui/wxgui.h"
 
 #include <wx/intl.h>
 #include <wx/listctrl.h>
@@ -88,6 +89,7 @@ void DlgPlotStyleEditor::updateLineWeights(bool keepComboSelection)
     }
     if (selection != wxNOT_FOUND)
         combo->SetSelection(selection);
+    wxg::speakFocusedRow(list);
 }
 
 void DlgPlotStyleEditor::sortLineWeights()
