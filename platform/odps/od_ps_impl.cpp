@@ -52,9 +52,12 @@ OdPsPlotStyleImpl* OdPsPlotStyleImpl::make(std::wstring_view name, std::wstring_
                                            std::wstring_view description,
                                            const OdPsPlotStyleData& data)
 {
-    // Nothing behind a NUL can be read from a style, so it takes no memory.
+    // Nothing behind a NUL can be read from a style, so it shall take no memory that nobody knows
+    // of. In the short texts that nearly all styles have, it is not worth looking for.
+    constexpr std::size_t kShort = 12;
     for (std::wstring_view* text : {&name, &localizedName, &description})
-        *text = text->substr(0, text->find(L'\0'));
+        if (text->size() > kShort)
+            *text = text->substr(0, text->find(L'\0'));
     const bool hasOneName = name == localizedName;
     const std::size_t length =
         localizedName.size() + 1 + description.size() + 1 + (hasOneName ? 0 : name.size() + 1);

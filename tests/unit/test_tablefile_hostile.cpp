@@ -73,6 +73,14 @@ struct HostileText
     std::string start, part, end;
 };
 
+/// A style whose three texts differ, and begin with a NUL that ends them for all who read them.
+std::string nulTexts(std::size_t size)
+{
+    const std::string text = '\0' + std::string(size, 'x');
+    return "0{\nname=\"" + text + "a\nlocalized_name=\"" + text + "b\ndescription=\"" + text +
+           "c\n}\n";
+}
+
 const HostileText kHostileTexts[] = {
     {"tiny styles", "plot_style{\n", "0{\n}\n", "}\n"},
     {"named styles", "plot_style{\n", "0{\nname=\"abcd\nlocalized_name=\"abcd1\n}\n", "}\n"},
@@ -84,6 +92,9 @@ const HostileText kHostileTexts[] = {
     {"one long line without a value", "plot_style{\n}\n", "x", "\n"},
     {"empty lines", "plot_style{\n}\n", "\n", ""},
     {"unknown keys", "plot_style{\n}\n", "k=\n", ""},
+    {"short texts behind a NUL", "plot_style{\n", nulTexts(11), "}\n"},
+    {"texts behind a NUL", "plot_style{\n", nulTexts(40), "}\n"},
+    {"long texts behind a NUL", "plot_style{\n", nulTexts(2000), "}\n"},
 };
 
 } // namespace
