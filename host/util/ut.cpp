@@ -66,12 +66,12 @@ wxString besideProgram(const wxString& folderName)
     return beside.GetPath();
 }
 
-// The first language of LANGUAGE that there is a catalogue for, else English; empty where LANGUAGE
-// is not set, and it is for the toolkit to ask LANG, to which it would give the preference.
-wxString preferredLanguage(const wxTranslations& translations)
+// The first language of LANGUAGE that there is a catalogue for, where that is set: the toolkit
+// gives LANG the preference. Else that of LANG, else English.
+wxString preferredLanguage(wxTranslations& translations)
 {
-    wxArrayString available = translations.GetAvailableTranslations("pstyle");
-    available.Add("en");
+    const wxString catalogue = "pstyle";
+    const wxArrayString available = translations.GetAvailableTranslations(catalogue);
     wxString languages;
     wxGetEnv("LANGUAGE", &languages);
     for (const wxString& name : wxSplit(languages, ':'))
@@ -81,7 +81,9 @@ wxString preferredLanguage(const wxTranslations& translations)
             available.Index(language.BeforeFirst('_')) != wxNOT_FOUND)
             return language;
     }
-    return languages.empty() ? wxString() : wxString("en");
+    const wxString byLocale =
+        languages.empty() ? translations.GetBestTranslation(catalogue) : wxString();
+    return available.Index(byLocale.BeforeFirst('_')) == wxNOT_FOUND ? wxString("en") : byLocale;
 }
 
 } // namespace

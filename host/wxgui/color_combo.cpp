@@ -112,10 +112,10 @@ wxSize ColorCombo::pictureSize() const
 // "Select color…" is a command, not a value: it becomes a picked colour or leaves no trace.
 void ColorCombo::onPicked(wxCommandEvent& event)
 {
+    const bool isByKey = takePickedByKey();
     const bool asks = GetSelection() == selectEntry;
-    if (asks && isPickedByKey())
-        stepOver();
-    else if (asks && !askForColor())
+    const bool isPicked = !asks || (isByKey ? stepOver() : askForColor());
+    if (!isPicked)
     {
         SetSelection(m_selected);
         return;
@@ -124,12 +124,14 @@ void ColorCombo::onPicked(wxCommandEvent& event)
     event.Skip();
 }
 
-// The keys that step through the closed list pass the command by.
-void ColorCombo::stepOver()
+// The keys that step through the closed list pass the command by. Gives false where nothing lies
+// beyond it.
+bool ColorCombo::stepOver()
 {
     const bool goesDown = m_selected < selectEntry;
-    const int last = static_cast<int>(GetCount()) - 1;
-    SetSelection(goesDown ? (last > selectEntry ? otherEntry : blackEntry) : blackEntry);
+    const bool hasOther = GetCount() > otherEntry;
+    SetSelection(goesDown && hasOther ? otherEntry : blackEntry);
+    return GetSelection() != m_selected;
 }
 
 bool ColorCombo::askForColor()

@@ -38,7 +38,7 @@ private:
     std::optional<OdCmEntityColor> entryColor(int item) const;
     void selectOther(OdCmEntityColor color);
     void onPicked(wxCommandEvent& event);
-    void stepOver();
+    bool stepOver();
     bool askForColor();
 
     wxString m_title;

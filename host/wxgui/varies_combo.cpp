@@ -27,6 +27,7 @@ VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, co
 {
     Bind(wxEVT_CHAR_HOOK, &VariesCombo::onCharHook, this);
     Bind(wxEVT_COMBOBOX, &VariesCombo::onPicked, this);
+    GetPopupControl()->GetControl()->Bind(wxEVT_CHAR, &VariesCombo::onListChar, this);
     Bind(wxEVT_SIZE,
          [this](wxSizeEvent& event)
          {
@@ -76,7 +77,6 @@ void VariesCombo::onPicked(wxCommandEvent& event)
 {
     setVaries(false);
     tellValue();
-    m_pickedByKey = false;
     event.Skip();
 }
 
@@ -87,6 +87,35 @@ void VariesCombo::onCharHook(wxKeyEvent& event)
         Dismiss();
     else
         event.Skip();
+}
+
+// The toolkit's list would take a letter for a pick, before the user has confirmed anything.
+void VariesCombo::onListChar(wxKeyEvent& event)
+{
+    const wxUniChar letter = event.GetUnicodeKey();
+    if (event.GetModifiers() & ~wxMOD_SHIFT || !wxIsprint(letter))
+    {
+        event.Skip();
+        return;
+    }
+    constexpr int timeout = 1000;
+    const wxMilliClock_t now = wxGetLocalTimeMillis();
+    if (now - m_prefixTime > timeout)
+        m_prefix.clear();
+    m_prefixTime = now;
+    m_prefix += letter;
+    highlightByPrefix();
+}
+
+void VariesCombo::highlightByPrefix()
+{
+    for (unsigned item = 0; item < GetCount(); ++item)
+        if (GetString(item).Lower().StartsWith(m_prefix.Lower()))
+        {
+            auto* list = static_cast<wxVListBox*>(GetVListBoxComboPopup());
+            list->SetSelection(static_cast<int>(item));
+            return;
+        }
 }
 
 // The toolkit takes a letter for the beginning of an entry's text even with Alt, where it is a

@@ -4,6 +4,9 @@
 #define WXGUI_VARIES_COMBO_H
 
 #include <wx/odcombo.h>
+#include <wx/time.h>
+
+#include <utility>
 
 namespace wxg
 {
@@ -21,6 +24,9 @@ public:
     using wxOwnerDrawnComboBox::SetSelection;
     void SetSelection(int item) override;
     bool varies() const { return m_varies; }
+    /// The list is no part of the field: with it as a child that takes the focus, the toolkit would
+    /// take the field out of the tab order for good.
+    bool IsClientAreaChild(const wxWindow*) const override { return false; }
 
 protected:
     VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, const wxSize& size);
@@ -32,8 +38,9 @@ protected:
     virtual bool showsText() const { return true; }
 
     bool ProcessEvent(wxEvent& event) override;
-    /// Whether the pick that is being handled was made by a key while the list was closed.
-    bool isPickedByKey() const { return m_pickedByKey; }
+    /// Whether the pick that is being handled was made by a key while the list was closed; tells it
+    /// once.
+    bool takePickedByKey() { return std::exchange(m_pickedByKey, false); }
 
 private:
     void OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) const override;
@@ -42,12 +49,17 @@ private:
     wxCoord OnMeasureItemWidth(size_t item) const override;
     void drawText(wxDC& dc, const wxRect& rect, const wxString& text, int flags) const;
     void onCharHook(wxKeyEvent& event);
+    void onListChar(wxKeyEvent& event);
+    void highlightByPrefix();
     void onPicked(wxCommandEvent& event);
     void tellValue();
     int textIndent(const wxBitmap& entryPicture) const;
 
     bool m_varies = false;
     bool m_pickedByKey = false;
+    /// The letters typed into the open list, and when the last of them was.
+    wxString m_prefix;
+    wxMilliClock_t m_prefixTime = 0;
 
     wxDECLARE_CLASS(VariesCombo);
 };

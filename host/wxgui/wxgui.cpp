@@ -134,16 +134,3 @@ void wxg::showOwnLabels(wxWindow* window)
         child->SetId(id);
     }
 }
-
-bool wxg::isHandlingMousePress()
-{
-    constexpr int buttonPress = 4; // GDK_BUTTON_PRESS; every event begins with its type
-    const auto currentEvent = gtkFunction<int*()>("gtk_get_current_event");
-    const auto freeEvent = gtkFunction<void(int*)>("gdk_event_free");
-    int* event = currentEvent && freeEvent ? currentEvent() : nullptr;
-    if (!event)
-        return false;
-    const bool isPress = *event == buttonPress;
-    freeEvent(event);
-    return isPress;
-}

@@ -31,10 +31,6 @@ void allowSpinText(wxSpinCtrl* spin);
 /// that nobody has compared with those of the window.
 void showOwnLabels(wxWindow* window);
 
-/// Whether what happens now comes from a mouse button that was pressed, as the loss of the focus of
-/// the control that the user clicked away from.
-bool isHandlingMousePress();
-
 /// What a control that draws itself is to a screen reader. The numbers are those of the desktop's
 /// accessibility toolkit.
 enum class SpokenRole : int

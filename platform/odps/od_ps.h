@@ -108,7 +108,9 @@ public:
     virtual bool isDisplayCustomLineweightUnits() const = 0;
     /// A lineweight in millimetres. @param index 0-based
     virtual double lineweightAt(int index) const = 0;
-    /// The style with this localized name, without regard to case; null when there is none.
+    /// The style of the style map with this localized name, else one with this name, both without
+    /// regard to case; null when there is none. The two differ in older tables, whose names have
+    /// `_` for blanks.
     virtual OdPsPlotStylePtr findStyleByName(const OdString& name) const = 0;
     /// @param index 0-based
     virtual OdPsPlotStylePtr styleAt(int index) const = 0;

@@ -147,8 +147,17 @@ void OdPsPlotStyleTableImpl::setLineweightAt(int index, double value)
 
 OdPsPlotStylePtr OdPsPlotStyleTableImpl::findStyleByName(const OdString& name) const
 {
-    const auto found = index().find(name.c_str());
-    return found == index().end() ? nullptr : found->second;
+    const auto byLocalizedName = index().find(name.c_str());
+    if (byLocalizedName != index().end())
+        return byLocalizedName->second;
+    const OdPs::OdPsStrLess isLess;
+    for (const auto& entry : index())
+    {
+        const OdString other = entry.second->name();
+        if (!isLess(name.c_str(), other.c_str()) && !isLess(other.c_str(), name.c_str()))
+            return entry.second;
+    }
+    return nullptr;
 }
 
 OdPsPlotStylePtr OdPsPlotStyleTableImpl::styleAt(int index) const

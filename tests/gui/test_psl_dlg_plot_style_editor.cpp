@@ -856,17 +856,47 @@ TEST_F(EditorTest, SaveAsGoesOnWithTheNewFile)
     EXPECT_EQ(readBytes(old), before);
 }
 
+TEST_F(EditorTest, SaveAsGivesANameWithoutAnExtensionThatOfTheKind)
+{
+    for (const char* extension : {"ctb", "stb"})
+    {
+        Editor editor(makeTable(wxString("a.") + extension));
+        DialogAnswers answers;
+        answers.choose(folder.file("x"));
+        editor.press("BtnSaveAs");
+        EXPECT_EQ(editor.GetTitle(), wxString("Plot Style Table Editor - x.") + extension);
+        EXPECT_TRUE(wxFileExists(folder.file(wxString("x.") + extension)));
+        EXPECT_FALSE(wxFileExists(folder.file("x")));
+    }
+}
+
+// The file dialog asks about the name as it was typed, which is another.
+TEST_F(EditorTest, SaveAsAsksBeforeItReplacesAFileByTheExtensionItAdds)
+{
+    const wxString other = makeTable("x.ctb", describe(L"not this one"));
+    const std::string before = readBytes(other);
+    Editor editor(makeTable("a.ctb"));
+    DialogAnswers answers;
+    answers.choose(folder.file("x"));
+    answers.press(wxID_NO);
+    editor.press("BtnSaveAs");
+    EXPECT_EQ(answers.shown().back().message, "File 'x.ctb' exists already. Replace it?");
+    EXPECT_EQ(readBytes(other), before);
+    EXPECT_EQ(editor.GetTitle(), "Plot Style Table Editor - a.ctb");
+    answers.choose(folder.file("x"));
+    answers.press(wxID_YES);
+    editor.press("BtnSaveAs");
+    EXPECT_NE(readBytes(other), before);
+    EXPECT_EQ(editor.GetTitle(), "Plot Style Table Editor - x.ctb");
+}
+
 TEST_F(EditorTest, SaveAsRefusesAnotherExtension)
 {
     const struct
     {
         const char* table;
         const char* target;
-    } cases[] = {{"a.ctb", "x.stb"},
-                 {"a.ctb", "x.txt"},
-                 {"a.ctb", "x"},
-                 {"a.stb", "x.ctb"},
-                 {"a.stb", "x.stb2"}};
+    } cases[] = {{"a.ctb", "x.stb"}, {"a.ctb", "x.txt"}, {"a.stb", "x.ctb"}, {"a.stb", "x.stb2"}};
     for (const auto& c : cases)
     {
         Editor editor(makeTable(c.table));
@@ -1077,8 +1107,6 @@ TEST_P(EndsOfEdits, TakeTheNewName)
 
 TEST_P(EndsOfEdits, WithARefusedNameStayOpen)
 {
-    if (GetParam() == std::string("wxID_CANCEL"))
-        GTEST_SKIP() << "who cancels does not want the name";
     const std::string before = readBytes(file);
     ErrorLog log;
     DialogAnswers answers;
@@ -1126,8 +1154,12 @@ TEST_F(EditorTest, AClickThatEndsARefusedEditStaysOpen)
             EXPECT_TRUE(waitFor([&clicks] { return clicks == 1; }));
             EXPECT_EQ(log.messages().size(), 1u);
             EXPECT_TRUE(dialog->IsModal()) << "the refusal holds the dialog open";
+            wxListCtrl* list = find<wxListCtrl>(*dialog, "ListStyles");
+            ASSERT_TRUE(waitFor([list] { return list->GetEditControl(); }));
+            EXPECT_EQ(list->GetEditControl()->GetValue(), "a/b") << "the edit goes on";
+            list->EndEditLabel(true);
             click(*dialog, wxID_OK);
-            EXPECT_FALSE(dialog->IsModal()) << "the next one is about something else";
+            EXPECT_FALSE(dialog->IsModal()) << "nothing is left to refuse";
         });
     DlgPlotStyleEditor(file, "", nullptr).ShowModal();
     EXPECT_EQ(loadTable(file)->styleAt(1)->name(), OdString(L"Walls"));

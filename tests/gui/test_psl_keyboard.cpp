@@ -219,10 +219,8 @@ TEST_F(Closing, ReturnConfirmsEveryDialog)
 {
     const std::pair<EditorDriver::Page, const char*> controls[] = {
         {EditorDriver::General, "NoteBook"},
-        {EditorDriver::General, "CheckScale"},
         {EditorDriver::FormView, "ComboFillStyle"},
-        {EditorDriver::FormView, "ComboColor"},
-        {EditorDriver::Lineweights, "RadLwMm"}};
+        {EditorDriver::FormView, "ComboColor"}};
     for (const auto& [page, control] : controls)
     {
         press(WXK_RETURN, control, page);
@@ -286,7 +284,7 @@ TEST_F(Closing, ReturnDoesFirstWhatItIsForInAField)
             wxUIActionSimulator().Char(WXK_RETURN);
             ASSERT_TRUE(waitFor([&] { return entries == 1; }));
             EXPECT_TRUE(dialog->IsModal()) << "Return has ended the entry only";
-            pressKey(find<wxWindow>(*dialog, "CheckDither"), WXK_RETURN);
+            pressKey(find<wxWindow>(*dialog, "ComboFillStyle"), WXK_RETURN);
         });
     EXPECT_TRUE(editPlotStyleTable(table, nullptr));
     OdPsPlotStyleData data;

@@ -47,6 +47,12 @@ void changeAll(OdPsPlotStyleData& data)
     data.lineweight = 9;
 }
 
+StyleFields gathered(const OdArray<OdPsPlotStylePtr>& styles)
+{
+    return gatherStyleFields([&styles, i = std::size_t{0}]() mutable
+                             { return i < styles.size() ? styles[i++] : nullptr; });
+}
+
 /// The fields that hold an integer, in the order of the declaration.
 std::vector<int> integers(const StyleFields& fields)
 {
@@ -79,7 +85,7 @@ const OdCmEntityColor red(255, 0, 0);
 
 TEST(GatherStyleFields, OfNoStyleAreTheUsualValues)
 {
-    const StyleFields fields = gatherStyleFields({});
+    const StyleFields fields = gathered({});
     EXPECT_EQ(integers(fields), (std::vector<int>{1, 0, 1, 0, 0, 100, 31, 0, 4, 5, 73}));
     EXPECT_EQ(fields.color.state, fields.color.Unset);
     EXPECT_TRUE(fields.description.value.isEmpty());
@@ -87,8 +93,8 @@ TEST(GatherStyleFields, OfNoStyleAreTheUsualValues)
 
 TEST(GatherStyleFields, OfOneStyleAreItsOwn)
 {
-    EXPECT_EQ(integers(gatherStyleFields(styles({leaveAlone}))), defaultIntegers);
-    const StyleFields fields = gatherStyleFields(styles({changeAll}));
+    EXPECT_EQ(integers(gathered(styles({leaveAlone}))), defaultIntegers);
+    const StyleFields fields = gathered(styles({changeAll}));
     EXPECT_EQ(integers(fields), changedIntegers);
     EXPECT_EQ(fields.color.state, fields.color.Same);
     EXPECT_EQ(fields.color.value, 0x0A141Eu);
@@ -96,7 +102,7 @@ TEST(GatherStyleFields, OfOneStyleAreItsOwn)
 
 TEST(GatherStyleFields, OfEqualStylesAreTheCommonOnes)
 {
-    const StyleFields fields = gatherStyleFields(styles({changeAll, changeAll, changeAll}));
+    const StyleFields fields = gathered(styles({changeAll, changeAll, changeAll}));
     EXPECT_EQ(integers(fields), changedIntegers);
     EXPECT_EQ(fields.color.state, fields.color.Same);
     EXPECT_EQ(fields.color.value, 0x0A141Eu);
@@ -113,7 +119,7 @@ TEST(GatherStyleFields, OfDifferingStylesDiffer)
     };
     for (const std::vector<Change>& selection : selections)
     {
-        const StyleFields fields = gatherStyleFields(styles(selection));
+        const StyleFields fields = gathered(styles(selection));
         EXPECT_EQ(integers(fields), differing);
         EXPECT_EQ(fields.color.state, fields.color.Differs);
     }
@@ -137,7 +143,7 @@ TEST(GatherStyleFields, FindDifferencesPropertyByProperty)
     std::size_t field = 0;
     for (const Change change : changes)
     {
-        const StyleFields fields = gatherStyleFields(styles({leaveAlone, change}));
+        const StyleFields fields = gathered(styles({leaveAlone, change}));
         std::vector<int> expected = defaultIntegers;
         expected[field++] = fieldDiffers;
         EXPECT_EQ(integers(fields), expected);
@@ -153,20 +159,20 @@ TEST(GatherStyleFields, LeaveOutWhatHasNoField)
         data.colorPolicy = 4;
         data.linePatternSize = 0.5;
     };
-    const StyleFields fields = gatherStyleFields(styles({leaveAlone, change}));
+    const StyleFields fields = gathered(styles({leaveAlone, change}));
     EXPECT_EQ(integers(fields), defaultIntegers);
 }
 
 TEST(GatherStyleFields, RoundLineweightReferencesBeforeComparingThem)
 {
     const StyleFields same =
-        gatherStyleFields(styles({[](OdPsPlotStyleData& data) { data.lineweight = 2.4; },
-                                  [](OdPsPlotStyleData& data) { data.lineweight = 1.6; }}));
+        gathered(styles({[](OdPsPlotStyleData& data) { data.lineweight = 2.4; },
+                         [](OdPsPlotStyleData& data) { data.lineweight = 1.6; }}));
     EXPECT_EQ(same.lineWeight, 2);
-    const StyleFields object = gatherStyleFields(
-        styles({leaveAlone, [](OdPsPlotStyleData& data) { data.lineweight = 0.0; }}));
+    const StyleFields object =
+        gathered(styles({leaveAlone, [](OdPsPlotStyleData& data) { data.lineweight = 0.0; }}));
     EXPECT_EQ(object.lineWeight, 0) << "-1.0 and 0.0 are the object's own lineweight";
-    const StyleFields strange = gatherStyleFields(styles({[](OdPsPlotStyleData& data) {
+    const StyleFields strange = gathered(styles({[](OdPsPlotStyleData& data) {
         data.lineweight = std::numeric_limits<double>::quiet_NaN();
     }}));
     EXPECT_EQ(strange.lineWeight, 0);
@@ -178,10 +184,10 @@ TEST(GatherStyleFields, TakeReservedNumbersForWhatTheyStandFor)
     const Change unset = [](OdPsPlotStyleData& data) { data.physicalPenNumber = -2; };
     const Change differs = [](OdPsPlotStyleData& data) { data.physicalPenNumber = -3; };
     const Change seven = [](OdPsPlotStyleData& data) { data.physicalPenNumber = 7; };
-    EXPECT_EQ(gatherStyleFields(styles({unset})).physicalPen, fieldUnset);
-    EXPECT_EQ(gatherStyleFields(styles({unset, seven})).physicalPen, 7);
-    EXPECT_EQ(gatherStyleFields(styles({seven, unset})).physicalPen, fieldDiffers);
-    EXPECT_EQ(gatherStyleFields(styles({differs, seven})).physicalPen, fieldDiffers);
+    EXPECT_EQ(gathered(styles({unset})).physicalPen, fieldUnset);
+    EXPECT_EQ(gathered(styles({unset, seven})).physicalPen, 7);
+    EXPECT_EQ(gathered(styles({seven, unset})).physicalPen, fieldDiffers);
+    EXPECT_EQ(gathered(styles({differs, seven})).physicalPen, fieldDiffers);
 }
 
 TEST(GatherStyleFields, CompareColoursByTheirRgb)
@@ -203,7 +209,7 @@ TEST(GatherStyleFields, CompareColoursByTheirRgb)
     };
     for (const auto& c : cases)
     {
-        const StyleFields fields = gatherStyleFields(styles({c.first, c.second}));
+        const StyleFields fields = gathered(styles({c.first, c.second}));
         EXPECT_EQ(fields.color.state, c.same ? fields.color.Same : fields.color.Differs);
     }
 }
@@ -213,13 +219,13 @@ TEST(GatherStyleFields, CompareDescriptionsExactly)
     OdArray<OdPsPlotStylePtr> two = styles({leaveAlone, leaveAlone});
     two[0]->setDescription(L"thin");
     two[1]->setDescription(L"thin");
-    EXPECT_EQ(gatherStyleFields(two).description.value, L"thin");
+    EXPECT_EQ(gathered(two).description.value, L"thin");
     two[1]->setDescription(L"Thin");
-    const StyleFields fields = gatherStyleFields(two);
+    const StyleFields fields = gathered(two);
     EXPECT_EQ(fields.description.state, fields.description.Differs);
     EXPECT_TRUE(fields.description.value.isEmpty());
     two.push_back(two[0]);
-    EXPECT_TRUE(gatherStyleFields(two).description.value.isEmpty());
+    EXPECT_TRUE(gathered(two).description.value.isEmpty());
 }
 
 TEST(StyleRgb, GivesIndexColoursTheirPaletteColour)

@@ -1,8 +1,9 @@
-// How the dialogs' sources find their controls and read their file dialogs.
+// How the dialogs' sources find and prepare their controls and their file dialogs.
 
 #ifndef PSL_CONTROLS_H
 #define PSL_CONTROLS_H
 
+#include <wx/valtext.h>
 #include <wx/window.h>
 #include <wx/xrc/xmlres.h>
 
@@ -14,6 +15,30 @@ Control* findControl(const wxWindow& window, const char* name)
 {
     return wxStaticCast(window.FindWindow(wxXmlResource::GetXRCID(name)), Control);
 }
+
+/// A validator of numbers that leaves the dialog's mnemonics alone. The toolkit's own takes their
+/// letters for letters that are typed into the field, and swallows them.
+class NumberValidator : public wxTextValidator
+{
+public:
+    explicit NumberValidator(wxString* value)
+        : wxTextValidator(wxFILTER_NUMERIC, value)
+    {
+    }
+    wxObject* Clone() const override { return new NumberValidator(*this); }
+
+private:
+    void onChar(wxKeyEvent& event);
+
+    wxDECLARE_EVENT_TABLE();
+};
+
+/// Keeps the wheel from changing a control that has not got the focus: a user who scrolls past it
+/// means something else.
+void ignoreWheelWithoutFocus(wxWindow* control);
+
+/// Has a file dialog's filters show files whose extensions are in capitals, too.
+void ignoreCaseOfFilters(const wxFileDialog& dialog);
 
 /// The path that a confirmed file dialog gives. The dialog knows the whole path only after it has
 /// really been shown.

@@ -5,6 +5,7 @@
 
 #include "psl.h"
 #include "psl_controls.h"
+#include "psl_numbers.h"
 #include "psl_path_text.h"
 
 #include "odps/od_db_object_id.h"
@@ -110,8 +111,8 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
     preparePens();
     setValidators();
     fillLists();
-    bindListKeys();
-    Bind(wxEVT_CHAR_HOOK, &DlgPlotStyleEditor::onReturn, this);
+    bindLists();
+    Bind(wxEVT_CHAR_HOOK, &DlgPlotStyleEditor::onCharHook, this);
     nameControls();
     load();
     SetFocus();
@@ -216,6 +217,10 @@ void DlgPlotStyleEditor::replaceCombos()
         replaceImageCombo(findControl<wxComboBox>(*this, "ComboLineWeight"));
     lineWeight->setImageSize(wxSize(80, 14));
     lineWeight->appendItem(_("Use object lineweight"), 0);
+
+    for (const char* name : {"ComboColor", "ComboLineType", "ComboLineWeight", "ComboEndStyle",
+                             "ComboJoinStyle", "ComboFillStyle"})
+        ignoreWheelWithoutFocus(findControl<wxWindow>(*this, name));
 }
 
 // The pen fields show words for 0, which the user replaces by typing a number.
@@ -244,6 +249,7 @@ void DlgPlotStyleEditor::preparePens()
                        spin->CallAfter(selectWord);
                    });
     }
+    bindNumberFields();
     widenSpins();
 }
 
@@ -262,15 +268,15 @@ void DlgPlotStyleEditor::widenSpins()
 
 void DlgPlotStyleEditor::setValidators()
 {
-    const auto bindText = [this](const char* name, wxString& value, long filter)
-    { findControl<wxTextCtrl>(*this, name)->SetValidator(wxTextValidator(filter, &value)); };
+    const auto bindText = [this](const char* name, const wxTextValidator& validator)
+    { findControl<wxTextCtrl>(*this, name)->SetValidator(validator); };
     const auto bindValue = [this](const char* name, auto& value)
     { findControl<wxWindow>(*this, name)->SetValidator(wxGenericValidator(&value)); };
 
-    bindText("TextTableDescr", m_tableDescription, wxFILTER_NONE);
+    bindText("TextTableDescr", wxTextValidator(wxFILTER_NONE, &m_tableDescription));
     bindValue("CheckScale", m_applyScale);
-    bindText("TextScale", m_scaleText, wxFILTER_NUMERIC);
-    bindText("TextStyleDescr", m_styleDescription, wxFILTER_NONE);
+    bindText("TextScale", NumberValidator(&m_scaleText));
+    bindText("TextStyleDescr", wxTextValidator(wxFILTER_NONE, &m_styleDescription));
     bindValue("SpinPhysPen", m_physicalPen);
     bindValue("SpinVirtPen", m_virtualPen);
     bindValue("SpinScreening", m_screening);
@@ -321,12 +327,7 @@ bool DlgPlotStyleEditor::TransferDataFromWindow()
 {
     if (!wxDialog::TransferDataFromWindow() || m_table.isNull())
         return false;
-    const OdString description(m_tableDescription.wc_str());
-    if (description != m_table->description())
-    {
-        m_table->setDescription(description);
-        m_modified = true;
-    }
+    transferDescription();
     if (m_applyScale != m_table->isApplyScaleFactor())
     {
         m_table->setApplyScaleFactor(m_applyScale);
@@ -344,25 +345,36 @@ bool DlgPlotStyleEditor::TransferDataFromWindow()
     return true;
 }
 
+// The field cannot show every text that a file may hold. One that the user left alone stays.
+void DlgPlotStyleEditor::transferDescription()
+{
+    const OdString description(m_tableDescription.wc_str());
+    if (m_tableDescription == m_shownDescription || description == m_table->description())
+        return;
+    m_table->setDescription(description);
+    m_shownDescription = m_tableDescription;
+    m_modified = true;
+}
+
 // The text shows six digits of the factor; a factor with more of them keeps them until the user
 // changes the text.
 void DlgPlotStyleEditor::transferScaleFactor()
 {
-    double factor = 0;
     const bool isAsShown = !findControl<wxTextCtrl>(*this, "TextScale")->IsModified() &&
                            m_scaleText == scaleFactorText();
-    if (isAsShown || !m_scaleText.ToDouble(&factor) || !std::isfinite(factor))
+    const auto factor = parseReal(m_scaleText);
+    if (isAsShown || !factor || !std::isfinite(*factor))
         return;
-    if (std::abs(factor - m_table->scaleFactor()) > 1e-10)
+    if (std::abs(*factor - m_table->scaleFactor()) > 1e-10)
     {
-        m_table->setScaleFactor(factor);
+        m_table->setScaleFactor(*factor);
         m_modified = true;
     }
 }
 
 wxString DlgPlotStyleEditor::scaleFactorText() const
 {
-    return wxString::Format("%g", m_table->scaleFactor());
+    return wxString::FromCDouble(m_table->scaleFactor());
 }
 
 void DlgPlotStyleEditor::updateFileInfo()

@@ -14,7 +14,9 @@
 
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class wxComboBox;
@@ -48,7 +50,20 @@ public:
     bool TransferDataToWindow() override;
     bool TransferDataFromWindow() override;
 
+protected:
+    bool TryBefore(wxEvent& event) override;
+
 private:
+    /// An edit of a list row whose text was refused, until it is begun anew.
+    struct RefusedEdit
+    {
+        wxListCtrl* list;
+        long row;
+        wxString text;
+        /// Whether a key or a click ended it, which may be on its way to a command.
+        bool byInput;
+    };
+
     // The frame and the General page
     void onInitDialog(wxInitDialogEvent& event);
     void onUpdateUIScale(wxUpdateUIEvent& event);
@@ -102,30 +117,50 @@ private:
     void takeNoTable(const wxString& path);
     bool save(const wxString& path);
     bool checkSave();
+    bool mayReplace(const wxFileName& file);
     bool isCtb() const;
-    bool commitPendingEdit();
-    void refuseEdit(wxListEvent& event);
+    void transferDescription();
     void transferScaleFactor();
     wxString scaleFactorText() const;
+
+    bool endPendingEntry();
+    void showStoredChoices();
+    void refuseEdit(wxListEvent& event);
+    void resumeRefusedEdit();
+    void bindNumberFields();
+    std::optional<int> typedNumber(const wxSpinCtrl& field) const;
+    void takeTypedNumber();
+    static int onFocusLeaves(WXWidget field, void* event, void* editor);
+    void onCharHook(wxKeyEvent& event);
+    static bool confirmsByReturn(wxWindow* control);
+    static bool isOneOf(int key, std::initializer_list<int> keys);
+    void press(int id);
 
     void updateStyles();
     void updateNumStyles();
     void updateStyleButtons();
     void updateListWidths();
     bool isFormViewCurrent() const;
-    bool isEditable(const std::vector<int>& selectedStyles) const;
+    bool hasEditableSelection() const;
     std::vector<int> selectedStyles() const;
-    void bindListKeys();
-    void onReturn(wxKeyEvent& event);
+    void bindLists();
+    void bindTypeAhead(wxListCtrl* list);
+    void onStyleListPress(wxMouseEvent& event);
     bool onStyleKey(const wxKeyEvent& event);
+    bool onLineWeightKey(const wxKeyEvent& event);
     void selectAllStyles();
+    void deselectOthers(long row);
+    void selectOnly(wxListCtrl* list, long row);
     wxString askForStyleName();
+    void showStyleName(long row);
+    void refuseTakenName(const wxString& name);
     void insertStyle(const wxString& name, int index, const OdPsPlotStylePtr& model);
     void stylesChanged();
     void endStyleEdit(wxListEvent& event);
     void renameStyle(const OdPsPlotStylePtr& style, const wxString& name);
 
     void updateStyleFields();
+    bool isStored(const wxSpinCtrl& field, int number) const;
     void updatePenText(wxSpinCtrl* spin, bool varies);
     bool changeSelectedStyles(const StyleChange& change);
 
@@ -162,10 +197,11 @@ private:
     LineWeightUse m_lineWeightUse{};
     /// The edit control whose label was refused last, while its edit goes on.
     const void* m_vetoedEdit = nullptr;
-    /// How many new labels have been refused.
-    int m_refusedEdits = 0;
-    /// The click that is being handled ended an edit whose label was refused.
-    bool m_refusedByClick = false;
+    std::optional<RefusedEdit> m_refusedEdit;
+    /// The number field that the user has typed into and not left yet.
+    wxSpinCtrl* m_typedInto = nullptr;
+    /// The table's description as its field showed it first; the field cannot show every text.
+    wxString m_shownDescription;
 
     wxDECLARE_CLASS(DlgPlotStyleEditor);
     wxDECLARE_EVENT_TABLE();

@@ -3,6 +3,7 @@
 #include "psl_dlg_plot_style_editor.h"
 
 #include "psl_controls.h"
+#include "psl_numbers.h"
 #include "psl_style_fields.h"
 
 #include "wxgui/color_combo.h"
@@ -12,8 +13,11 @@
 #include <wx/checkbox.h>
 #include <wx/combobox.h>
 #include <wx/intl.h>
+#include <wx/listctrl.h>
 #include <wx/spinctrl.h>
 #include <wx/textctrl.h>
+
+#include <algorithm>
 
 wxg::ImageCombo* replaceImageCombo(wxComboBox* combo)
 {
@@ -27,26 +31,33 @@ wxg::ImageCombo* replaceImageCombo(wxComboBox* combo)
 namespace
 {
 
+// A selection of many styles changes row by row; only what shows something else is touched.
+
 void showCheck(wxCheckBox* box, int value)
 {
+    wxCheckBoxState state = value == fieldUnset || value == 0 ? wxCHK_UNCHECKED : wxCHK_CHECKED;
     if (value == fieldDiffers)
-        box->Set3StateValue(box->Is3State() ? wxCHK_UNDETERMINED : wxCHK_UNCHECKED);
-    else
-        box->Set3StateValue(value == fieldUnset || value == 0 ? wxCHK_UNCHECKED : wxCHK_CHECKED);
+        state = box->Is3State() ? wxCHK_UNDETERMINED : wxCHK_UNCHECKED;
+    if (box->Get3StateValue() != state)
+        box->Set3StateValue(state);
 }
 
+// Words stand for 0 in the pen fields; they are put there at idle time.
 void showSpin(wxSpinCtrl* spin, int value)
 {
+    const wxString text = spin->GetTextValue();
+    const int shown = std::clamp(value, spin->GetMin(), spin->GetMax());
     if (value == fieldUnset)
         spin->SetValue(wxString());
-    else
-        spin->SetValue(value == fieldDiffers ? 0 : value);
+    else if (text != wxString::Format("%d", shown))
+        spin->SetValue(shown);
 }
 
 void showValue(wxg::ImageCombo* combo, int value)
 {
     combo->setVaries(value == fieldDiffers);
-    combo->setValue(value);
+    if (combo->value() != value || combo->GetSelection() == wxNOT_FOUND)
+        combo->setValue(value);
 }
 
 // A colour that an index has exactly is shown under that index.
@@ -63,25 +74,42 @@ OdCmEntityColor shownColor(std::uint32_t rgb)
 void showColor(wxg::ColorCombo* combo, const Gathered<std::uint32_t>& color)
 {
     combo->setVaries(color.state == color.Differs);
-    if (color.state != color.Same || color.value == objectColor)
+    const std::uint32_t rgb = color.state == color.Same ? color.value : objectColor;
+    const auto shown = combo->color();
+    if (rgb == (shown ? styleRgb(*shown) : objectColor))
+        return;
+    if (rgb == objectColor)
         combo->setColor(OdCmEntityColor());
-    else if (color.value == 0)
+    else if (rgb == 0)
         combo->setColor(OdCmEntityColor(0, 0, 0));
     else
-        combo->setColor(shownColor(color.value));
+        combo->setColor(shownColor(rgb));
+}
+
+void showText(wxTextCtrl* field, const wxString& text)
+{
+    if (field->GetValue() != text)
+        field->ChangeValue(text);
+}
+
+// What the selected styles have in common.
+StyleFields gatherSelected(const wxListCtrl* list, const OdPsPlotStyleTablePtr& table)
+{
+    const auto next = [&, row = -1L]() mutable -> OdPsPlotStylePtr
+    {
+        row = list->GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
+        return row < 0 || table.isNull() ? nullptr : table->styleAt(static_cast<int>(row));
+    };
+    return gatherStyleFields(next);
 }
 
 } // namespace
 
 void DlgPlotStyleEditor::updateStyleFields()
 {
-    OdArray<OdPsPlotStylePtr> styles;
-    if (!m_table.isNull())
-        for (const int row : selectedStyles())
-            styles.push_back(m_table->styleAt(row));
-    const StyleFields fields = gatherStyleFields(styles);
-
-    findControl<wxTextCtrl>(*this, "TextStyleDescr")->ChangeValue(fields.description.value.c_str());
+    const StyleFields fields =
+        gatherSelected(findControl<wxListCtrl>(*this, "ListStyles"), m_table);
+    showText(findControl<wxTextCtrl>(*this, "TextStyleDescr"), fields.description.value.c_str());
     showCheck(findControl<wxCheckBox>(*this, "CheckDither"), fields.dither);
     showCheck(findControl<wxCheckBox>(*this, "CheckGrayscale"), fields.grayscale);
     showCheck(findControl<wxCheckBox>(*this, "CheckAdaptive"), fields.adaptive);
@@ -157,6 +185,14 @@ const Field spinFields[] = {
     {"SpinScreening", [](Data& data, int value) { data.screening = toInt16(value); }},
 };
 
+/// What the selected styles have of the property of a number field.
+int gatheredNumber(const StyleFields& fields, const wxString& name)
+{
+    return name == "SpinPhysPen"   ? fields.physicalPen
+           : name == "SpinVirtPen" ? fields.virtualPen
+                                   : fields.screening;
+}
+
 bool isFrom(const wxEvent& event, const char* name)
 {
     return event.GetId() == wxXmlResource::GetXRCID(name);
@@ -212,11 +248,21 @@ void DlgPlotStyleEditor::onSpinChanged(wxSpinEvent& event)
         m_physicalPenVaries = false;
     if (isFrom(event, "SpinVirtPen"))
         m_virtualPenVaries = false;
+    m_typedInto = nullptr;
+}
+
+// Whether all selected styles have this number. Automatic pens are held as -1 or as 0.
+bool DlgPlotStyleEditor::isStored(const wxSpinCtrl& field, int number) const
+{
+    const StyleFields fields =
+        gatherSelected(findControl<wxListCtrl>(*this, "ListStyles"), m_table);
+    const int stored = gatheredNumber(fields, field.GetName());
+    return stored == number || (stored == -1 && number == 0);
 }
 
 void DlgPlotStyleEditor::onUpdateUIStyleField(wxUpdateUIEvent& event)
 {
-    event.Enable(isEditable(selectedStyles()));
+    event.Enable(hasEditableSelection());
     if (isFrom(event, "SpinPhysPen"))
         updatePenText(findControl<wxSpinCtrl>(*this, "SpinPhysPen"), m_physicalPenVaries);
     else if (isFrom(event, "SpinVirtPen"))
@@ -226,11 +272,12 @@ void DlgPlotStyleEditor::onUpdateUIStyleField(wxUpdateUIEvent& event)
 }
 
 // The text is set only where it differs, and selected while the user is in the field, so that
-// typing replaces it.
+// typing replaces it. What is being typed is left alone.
 void DlgPlotStyleEditor::updatePenText(wxSpinCtrl* spin, bool varies)
 {
     const wxString text = varies ? _("Varies") : _("Automatic");
-    if (spin->GetValue() != 0 || spin->GetTextValue() == text)
+    const bool isBeingTyped = spin == m_typedInto && !spin->GetTextValue().empty();
+    if (isBeingTyped || spin->GetValue() != 0 || spin->GetTextValue() == text)
         return;
     spin->SetValue(text);
     if (FindFocus() == spin)

@@ -7,20 +7,14 @@
 
 #include "cmdapi/cma.h"
 #include "psl_csv.h"
-#include "wxgui/wxgui.h"
+#include "psl_table_paths.h"
 
 #include <wx/button.h>
-#include <wx/checkbox.h>
 #include <wx/filedlg.h>
 #include <wx/intl.h>
-#include <wx/listctrl.h>
 #include <wx/log.h>
 #include <wx/msgdlg.h>
-#include <wx/notebook.h>
-#include <wx/odcombo.h>
-#include <wx/radiobut.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
 
 namespace
 {
@@ -52,6 +46,7 @@ void DlgPlotStyleEditor::load()
     updateLineWeightUse(false);
     updateLineWeights(false);
     TransferDataToWindow();
+    m_shownDescription = findControl<wxTextCtrl>(*this, "TextTableDescr")->GetValue();
     updateStyleFields();
 }
 
@@ -118,68 +113,6 @@ bool DlgPlotStyleEditor::checkSave()
     return answer == wxNO;
 }
 
-// What is being typed into a pen field or a list row is taken when the focus leaves it, which
-// Return and mnemonics do not cause. Gives false when a row's new text was refused just now, so
-// that the user sees why and can mend it.
-bool DlgPlotStyleEditor::commitPendingEdit()
-{
-    const int refusalsBefore = m_refusedEdits;
-    // The control may be gone with the end of its edit.
-    const wxWeakRef<wxWindow> focused(FindFocus());
-    if (focused && IsDescendant(focused))
-    {
-        FindWindow(wxID_OK)->SetFocus();
-        if (focused)
-            focused->SetFocus();
-    }
-    return m_refusedEdits == refusalsBefore && !m_refusedByClick;
-}
-
-namespace
-{
-
-// Whether Return has nothing to do for a control that has the focus: no entry to end, no line to
-// break, no open list to pick from, no button to press.
-bool hasNoUseForReturn(wxWindow* control)
-{
-    const auto* combo = dynamic_cast<wxOwnerDrawnComboBox*>(control);
-    return (combo && !combo->IsPopupShown()) || dynamic_cast<wxNotebook*>(control) ||
-           dynamic_cast<wxCheckBox*>(control) || dynamic_cast<wxRadioButton*>(control);
-}
-
-} // namespace
-
-// Return confirms the dialog, where it has nothing else to do. A default button would get it from
-// the fields, too. A list is left alone: one Return too many at the end of a rename must not close
-// the dialog.
-void DlgPlotStyleEditor::onReturn(wxKeyEvent& event)
-{
-    const int key = event.GetKeyCode();
-    const bool isReturn = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
-    wxWindow* confirm = FindWindow(wxID_OK);
-    if (!isReturn || event.HasAnyModifiers() || !hasNoUseForReturn(FindFocus()) ||
-        !confirm->IsEnabled())
-    {
-        event.Skip();
-        return;
-    }
-    wxCommandEvent pressed(wxEVT_BUTTON, wxID_OK);
-    pressed.SetEventObject(confirm);
-    confirm->HandleWindowEvent(pressed);
-}
-
-// A click on a button ends an edit first and reaches the button's handler at once. Whatever the
-// user does later has nothing to do with the refusal any more.
-void DlgPlotStyleEditor::refuseEdit(wxListEvent& event)
-{
-    event.Veto();
-    ++m_refusedEdits;
-    if (!wxg::isHandlingMousePress())
-        return;
-    m_refusedByClick = true;
-    CallAfter([this] { m_refusedByClick = false; });
-}
-
 bool DlgPlotStyleEditor::isCtb() const
 {
     return !m_table.isNull() && m_table->isColorDependent();
@@ -187,7 +120,7 @@ bool DlgPlotStyleEditor::isCtb() const
 
 void DlgPlotStyleEditor::onOpen(wxCommandEvent&)
 {
-    if (!commitPendingEdit() || !checkSave())
+    if (!checkSave())
         return;
     const wxString chosen = askForTable(this, m_fileName.GetPath());
     if (chosen.empty())
@@ -198,25 +131,38 @@ void DlgPlotStyleEditor::onOpen(wxCommandEvent&)
 
 void DlgPlotStyleEditor::onSaveAs(wxCommandEvent&)
 {
-    if (!commitPendingEdit() || !Validate() || !TransferDataFromWindow())
+    if (!Validate() || !TransferDataFromWindow())
         return;
     const wxString filter =
         isCtb() ? _("Color-dependent Plot Style files (*.ctb)|*.ctb|All files (*.*)|*.*")
                 : _("Named Plot Style files (*.stb)|*.stb|All files (*.*)|*.*");
     wxFileDialog dialog(this, _("Save Plot Style File As"), m_fileName.GetPath(),
                         m_fileName.GetFullName(), filter, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    ignoreCaseOfFilters(dialog);
     if (dialog.ShowModal() != wxID_OK)
         return;
-    const wxFileName chosen(chosenPath(dialog));
-    if (chosen.GetExt().IsSameAs(isCtb() ? "ctb" : "stb", false))
-        save(chosen.GetFullPath());
-    else
+    const wxFileName typed(chosenPath(dialog));
+    const wxString extension = tableExtension(isCtb());
+    const wxFileName chosen = withExtension(typed, extension);
+    if (!chosen.GetExt().IsSameAs(extension, false))
         wxLogError(_("%ls is not a valid name to save to."), chosen.GetFullName());
+    else if (!typed.GetExt().empty() || mayReplace(chosen))
+        save(chosen.GetFullPath());
+}
+
+// The file dialog has asked about the name as it was typed, without the extension.
+bool DlgPlotStyleEditor::mayReplace(const wxFileName& file)
+{
+    if (!file.FileExists())
+        return true;
+    return wxMessageBox(
+               wxString::Format(_("File '%ls' exists already. Replace it?"), file.GetFullName()),
+               wxGetTranslation(caption), wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION, this) == wxYES;
 }
 
 void DlgPlotStyleEditor::onOk(wxCommandEvent& event)
 {
-    if (!commitPendingEdit() || !Validate() || !TransferDataFromWindow())
+    if (!Validate() || !TransferDataFromWindow())
         return;
     if (m_modified && !save(wxString()))
         return;
@@ -225,7 +171,6 @@ void DlgPlotStyleEditor::onOk(wxCommandEvent& event)
 
 void DlgPlotStyleEditor::onCancel(wxCommandEvent& event)
 {
-    commitPendingEdit();
     if (checkSave())
         event.Skip();
 }
@@ -248,6 +193,7 @@ void DlgPlotStyleEditor::onExport(wxCommandEvent&)
                         _("Comma-separated-value files (*.csv)|*.csv|Text files (*.txt)|*.txt|All "
                           "files (*.*)|*.*"),
                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    ignoreCaseOfFilters(dialog);
     if (dialog.ShowModal() != wxID_OK)
         return;
     const wxString path = chosenPath(dialog);

@@ -31,6 +31,14 @@ void DlgPlotStyleEditor::onLwEdit(wxCommandEvent&)
         list->EditLabel(row);
 }
 
+bool DlgPlotStyleEditor::onLineWeightKey(const wxKeyEvent& event)
+{
+    if (event.GetKeyCode() != WXK_F2 || event.HasAnyModifiers())
+        return false;
+    press(XRCID("BtnLwEdit"));
+    return true;
+}
+
 void DlgPlotStyleEditor::onLwSort(wxCommandEvent&)
 {
     sortLineWeights();

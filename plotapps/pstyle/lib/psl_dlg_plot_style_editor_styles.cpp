@@ -3,6 +3,8 @@
 #include "psl_dlg_plot_style_editor.h"
 
 #include "psl_controls.h"
+#include "psl_style_names.h"
+#include "psl_type_ahead.h"
 
 #include <wx/button.h>
 #include <wx/imaglist.h>
@@ -94,24 +96,25 @@ std::vector<int> DlgPlotStyleEditor::selectedStyles() const
 }
 
 // The first style of a named table is never edited; among several styles it is passed over.
-bool DlgPlotStyleEditor::isEditable(const std::vector<int>& selectedStyles) const
+bool DlgPlotStyleEditor::hasEditableSelection() const
 {
-    if (!isCtb() && selectedStyles.size() == 1)
-        return selectedStyles.front() != 0;
-    return !selectedStyles.empty();
+    const wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
+    const long first = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
+    if (first == 0 && !isCtb())
+        return list->GetNextItem(first, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED) > 0;
+    return first >= 0;
 }
 
 void DlgPlotStyleEditor::onStyleAdd(wxCommandEvent&)
 {
     if (m_table.isNull() || isCtb())
         return;
-    const wxString name = askForStyleName();
+    const wxString name = storableText(askForStyleName());
     if (name.empty())
         return;
     if (findStyle(m_table.get(), name, true) >= 0)
     {
-        wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."),
-                   name);
+        refuseTakenName(name);
         return;
     }
     int index = m_styleCount - 1;
@@ -123,7 +126,8 @@ void DlgPlotStyleEditor::onStyleAdd(wxCommandEvent&)
         model = m_table->styleAt(index);
     }
     if (index >= m_table->styleCount() ||
-        !m_table->findStyleByName(OdString(name.wc_str())).isNull())
+        !m_table->findStyleByName(OdString(name.wc_str())).isNull() ||
+        isNameTaken(*m_table, name, nullptr))
         return;
     insertStyle(name, index, model);
 }
@@ -199,7 +203,7 @@ void DlgPlotStyleEditor::onStyleDel(wxCommandEvent&)
 
 void DlgPlotStyleEditor::onUpdateUIStyleDelForm(wxUpdateUIEvent& event)
 {
-    event.Enable(isEditable(selectedStyles()));
+    event.Enable(hasEditableSelection());
 }
 
 void DlgPlotStyleEditor::onUpdateUIStyleDelGrid(wxUpdateUIEvent& event)
@@ -207,61 +211,92 @@ void DlgPlotStyleEditor::onUpdateUIStyleDelGrid(wxUpdateUIEvent& event)
     event.Skip();
 }
 
-namespace
+// The keys do what the buttons do, and only where those are there to be pressed.
+void DlgPlotStyleEditor::bindLists()
 {
+    using KeyHandler = bool (DlgPlotStyleEditor::*)(const wxKeyEvent&);
+    const auto bindKeys = [this](const char* name, KeyHandler take)
+    {
+        wxListCtrl* list = findControl<wxListCtrl>(*this, name);
+        list->Bind(wxEVT_CHAR_HOOK, [this, list, take](wxKeyEvent& event)
+                   { event.Skip(list->GetEditControl() || !(this->*take)(event)); });
+        bindTypeAhead(list);
+    };
+    bindKeys("ListStyles", &DlgPlotStyleEditor::onStyleKey);
+    bindKeys("ListLineWeights", &DlgPlotStyleEditor::onLineWeightKey);
 
-bool isOneOf(const wxKeyEvent& event, int key, int numpadKey)
-{
-    return event.GetKeyCode() == key || event.GetKeyCode() == numpadKey;
+    wxListCtrl* styles = findControl<wxListCtrl>(*this, "ListStyles");
+    styles->Bind(wxEVT_LEFT_DOWN, &DlgPlotStyleEditor::onStyleListPress, this);
+    styles->Bind(wxEVT_LEFT_DCLICK, &DlgPlotStyleEditor::onStyleListPress, this);
+    styles->Bind(wxEVT_RIGHT_DOWN, &DlgPlotStyleEditor::onStyleListPress, this);
 }
 
-} // namespace
-
-// The keys do what the buttons do, and only where those are there to be pressed.
-void DlgPlotStyleEditor::bindListKeys()
+// Comes before the list itself, which selects a row before it takes the focus from a field. Of many
+// selected rows it would deselect one after the other; so all go at once.
+void DlgPlotStyleEditor::onStyleListPress(wxMouseEvent& event)
 {
+    event.Skip();
+    takeTypedNumber();
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    list->Bind(wxEVT_CHAR_HOOK,
-               [this, list](wxKeyEvent& event)
-               {
-                   if (list->GetEditControl() || !onStyleKey(event))
-                       event.Skip();
-               });
-    wxListCtrl* lineWeights = findControl<wxListCtrl>(*this, "ListLineWeights");
-    lineWeights->Bind(wxEVT_CHAR_HOOK,
-                      [this, lineWeights](wxKeyEvent& event)
-                      {
-                          wxCommandEvent pressed(wxEVT_BUTTON);
-                          if (event.GetKeyCode() == WXK_F2 && !lineWeights->GetEditControl())
-                              onLwEdit(pressed);
-                          else
-                              event.Skip();
-                      });
+    if (event.RightDown() || event.HasModifiers() || event.ShiftDown() || list->GetItemCount() == 0)
+        return;
+    int flags = 0;
+    const long row = list->HitTest(event.GetPosition(), flags);
+    if (row >= 0 && list->GetItemState(row, wxLIST_STATE_SELECTED) != 0)
+        deselectOthers(row);
+    else
+        deselectOthers(-1);
 }
 
 bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     const long focused = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
-    wxCommandEvent pressed(wxEVT_BUTTON);
+    const int key = event.GetKeyCode();
     const bool isPlain = event.GetModifiers() == wxMOD_NONE;
-    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'A')
+    if (event.GetModifiers() == wxMOD_CONTROL && key == 'A')
         selectAllStyles();
-    else if (isPlain && event.GetKeyCode() == WXK_F2)
+    else if (isPlain && key == WXK_F2)
     {
         if (focused >= 0 && list->GetItemState(focused, wxLIST_STATE_SELECTED) != 0)
             list->EditLabel(focused);
     }
-    else if (isPlain && isOneOf(event, WXK_INSERT, WXK_NUMPAD_INSERT))
-        onStyleAdd(pressed);
-    else if (isPlain && isOneOf(event, WXK_DELETE, WXK_NUMPAD_DELETE))
+    else if (isPlain && isOneOf(key, {WXK_INSERT, WXK_NUMPAD_INSERT}))
+        press(XRCID("BtnStyleAddForm"));
+    else if (isPlain && isOneOf(key, {WXK_DELETE, WXK_NUMPAD_DELETE}))
     {
-        if (isEditable(selectedStyles()))
-            onStyleDel(pressed);
+        if (hasEditableSelection())
+            press(XRCID("BtnStyleDelForm"));
     }
     else
         return false;
     return true;
+}
+
+// The list's own search takes a blank for the key that selects a row.
+void DlgPlotStyleEditor::bindTypeAhead(wxListCtrl* list)
+{
+    const auto take = [this, list, typed = TypeAhead()](wxKeyEvent& event) mutable
+    {
+        const wxUniChar character = event.GetUnicodeKey();
+        const long time = event.GetTimestamp();
+        const bool isText = !event.HasAnyModifiers() && wxIsprint(character);
+        if (!isText || (character == ' ' && !typed.isRunning(time)))
+        {
+            event.Skip();
+            return;
+        }
+        std::vector<wxString> rows;
+        for (long row = 0; row < list->GetItemCount(); ++row)
+            rows.push_back(list->GetItemText(row));
+        const long current = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+        const bool areNumbered = isCtb() && list == findControl<wxListCtrl>(*this, "ListStyles");
+        const int row =
+            findTypedRow(rows, static_cast<int>(current), typed.add(character, time), areNumbered);
+        if (row >= 0)
+            selectOnly(list, row);
+    };
+    list->Bind(wxEVT_CHAR, take);
 }
 
 // The fields are gathered once for all rows, not once for each.
@@ -276,6 +311,38 @@ void DlgPlotStyleEditor::selectAllStyles()
     updateStyleFields();
 }
 
+void DlgPlotStyleEditor::deselectOthers(long row)
+{
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
+    {
+        wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_DESELECTED);
+        for (long other = -1;
+             (other = list->GetNextItem(other, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) != -1;)
+            if (other != row)
+                list->SetItemState(other, 0, wxLIST_STATE_SELECTED);
+    }
+    updateStyleFields();
+}
+
+// By an arrow key, since only its own keys tell the list where a range of rows begins.
+void DlgPlotStyleEditor::selectOnly(wxListCtrl* list, long row)
+{
+    constexpr long selectedAndFocused = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+    if (list == findControl<wxListCtrl>(*this, "ListStyles"))
+        deselectOthers(row);
+    const long neighbour = row > 0 ? row - 1 : row + 1;
+    wxWindow* rows = FindFocus();
+    if (rows && rows->GetParent() == list && neighbour < list->GetItemCount())
+    {
+        list->SetItemState(neighbour, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+        wxKeyEvent arrow(wxEVT_CHAR);
+        arrow.m_keyCode = row > 0 ? WXK_DOWN : WXK_UP;
+        rows->HandleWindowEvent(arrow);
+    }
+    else
+        list->SetItemState(row, selectedAndFocused, selectedAndFocused);
+}
+
 void DlgPlotStyleEditor::onStyleSelected(wxListEvent&)
 {
     updateStyleFields();
@@ -285,6 +352,7 @@ void DlgPlotStyleEditor::onStyleSelected(wxListEvent&)
 void DlgPlotStyleEditor::onBeginLabelEdit(wxListEvent& event)
 {
     m_vetoedEdit = nullptr;
+    m_refusedEdit.reset();
     const wxObject* list = event.GetEventObject();
     if (list == findControl<wxListCtrl>(*this, "ListStyles"))
     {
@@ -318,11 +386,14 @@ void DlgPlotStyleEditor::onEndLabelEdit(wxListEvent& event)
 void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
 {
     const wxString invalidCharacters = "<>/\\\":?*|,=`;";
-    const wxString name = event.GetLabel();
-    if (name.empty() || m_table.isNull())
+    const wxString entered = event.GetLabel();
+    if (m_table.isNull())
         return;
+    // The list takes over what was typed, whether or not it became a name.
+    CallAfter([this, row = event.GetIndex()] { showStyleName(row); });
+    const wxString name = storableText(entered);
     const OdPsPlotStylePtr style = m_table->styleAt(static_cast<int>(event.GetIndex()));
-    if (name == style->localizedName().c_str())
+    if (name.empty() || name == style->localizedName().c_str())
         return;
     if (name.find_first_of(invalidCharacters) != wxString::npos)
     {
@@ -330,14 +401,27 @@ void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
                    invalidCharacters);
         refuseEdit(event);
     }
-    else if (findStyle(m_table.get(), name, true) >= 0)
+    else if (findStyle(m_table.get(), name, true) >= 0 || isNameTaken(*m_table, name, style.get()))
     {
-        wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."),
-                   name);
+        refuseTakenName(name);
         refuseEdit(event);
     }
     else
         renameStyle(style, name);
+}
+
+void DlgPlotStyleEditor::refuseTakenName(const wxString& name)
+{
+    wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."), name);
+}
+
+void DlgPlotStyleEditor::showStyleName(long row)
+{
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
+    const OdPsPlotStylePtr style =
+        m_table.isNull() || isCtb() ? nullptr : m_table->styleAt(static_cast<int>(row));
+    if (style && row < list->GetItemCount())
+        list->SetItemText(row, style->localizedName().c_str());
 }
 
 // The map's keys point into the styles' names: the old entry goes before the name does.

@@ -64,6 +64,9 @@ void DlgSelectTable::onInitDialog(wxInitDialogEvent&)
     for (size_t i = 0; i < count; ++i)
         combo->Append(files[i]);
 
+    for (const char* name : {"ComboSourceFile", "ChoiceTableType"})
+        ignoreWheelWithoutFocus(findControl<wxWindow>(*this, name));
+
     setValidators();
     TransferDataToWindow();
     updateItems();

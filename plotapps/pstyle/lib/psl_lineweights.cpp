@@ -2,6 +2,8 @@
 
 #include "psl_lineweights.h"
 
+#include "psl_numbers.h"
+
 #include "odps/od_ps.h"
 
 #include <algorithm>
@@ -24,7 +26,7 @@ int lineweightIndex(double stored)
 
 wxString lineWeightText(double millimeters, bool inches)
 {
-    return wxString::Format("%.4lf", millimeters / (inches ? millimetersPerInch : 1.0));
+    return wxString::FromCDouble(millimeters / (inches ? millimetersPerInch : 1.0), 4);
 }
 
 // The blank before mm and none before the inch mark are intended: so units are written in drawings.
@@ -45,11 +47,10 @@ int lineWeightPicture(double millimeters)
 
 std::optional<double> parseLineWeight(const wxString& text, bool inches)
 {
-    double value = -1.0;
-    if (!text.ToDouble(&value))
+    const auto number = parseReal(text);
+    if (!number)
         return std::nullopt;
-    if (inches)
-        value *= millimetersPerInch;
+    double value = *number * (inches ? millimetersPerInch : 1.0);
     // Far outside the limits; rounding would not fit the integer.
     if (!(std::abs(value) <= 10 * maxLineWeight))
         return std::nullopt;

@@ -55,7 +55,7 @@ PSL_API int compareLineWeightData(LineWeightData* first, LineWeightData* second)
 ///         of the list; 0 also for a value that no position can have
 PSL_API int lineweightIndex(double stored);
 
-/// The displayed number of a lineweight, with four decimals and no unit.
+/// The displayed number of a lineweight, with four decimals behind a point and no unit.
 /// @param inches  the unit of the display; false = millimetres
 PSL_API wxString lineWeightText(double millimeters, bool inches);
 
@@ -69,7 +69,7 @@ constexpr int lineWeightPictures = 14;
 /// thickness in steps of 0.22 mm.
 PSL_API int lineWeightPicture(double millimeters);
 
-/// Reads a lineweight that the user typed.
+/// Reads a lineweight that the user typed, with a decimal point or a decimal comma.
 /// @param inches  the unit it was typed in
 /// @return millimetres, rounded to four decimals with halves away from zero; nothing for a text
 /// that

@@ -4,6 +4,8 @@
 
 #include "psl_lineweights.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -49,7 +51,20 @@ void foldStyle(StyleFields& fields, const OdPsPlotStyle& style)
     fold(fields.joinStyle, data.joinStyle);
     fold(fields.fillStyle, data.fillStyle);
     fields.color.add(styleRgb(data.color));
-    fields.description.add(style.description());
+    if (fields.description.state != fields.description.Differs)
+        fields.description.add(style.description());
+}
+
+bool allDiffer(const StyleFields& fields)
+{
+    const int integers[] = {fields.dither,      fields.grayscale,  fields.adaptive,
+                            fields.physicalPen, fields.virtualPen, fields.screening,
+                            fields.lineType,    fields.lineWeight, fields.endStyle,
+                            fields.joinStyle,   fields.fillStyle};
+    return fields.color.state == fields.color.Differs &&
+           fields.description.state == fields.description.Differs &&
+           std::all_of(std::begin(integers), std::end(integers),
+                       [](int value) { return value == fieldDiffers; });
 }
 
 StyleFields fieldsOfNoStyle()
@@ -71,13 +86,18 @@ StyleFields fieldsOfNoStyle()
 
 } // namespace
 
-StyleFields gatherStyleFields(const OdArray<OdPsPlotStylePtr>& styles)
+StyleFields gatherStyleFields(const std::function<OdPsPlotStylePtr()>& next)
 {
-    if (styles.empty())
+    OdPsPlotStylePtr style = next();
+    if (style.isNull())
         return fieldsOfNoStyle();
     StyleFields fields;
-    for (const OdPsPlotStylePtr& style : styles)
+    for (; !style.isNull(); style = next())
+    {
         foldStyle(fields, *style);
+        if (allDiffer(fields))
+            break;
+    }
     return fields;
 }
 

@@ -5,10 +5,10 @@
 
 #include "psl_api.h"
 
-#include "odps/od_array.h"
 #include "odps/od_ps.h"
 
 #include <cstdint>
+#include <functional>
 
 /// Reserved values of the fields that hold an integer.
 constexpr int fieldUnset = -2;
@@ -66,7 +66,9 @@ struct StyleFields
 };
 
 /// Gathers the properties of styles; with no style at all the fields show a style's usual values.
-PSL_API StyleFields gatherStyleFields(const OdArray<OdPsPlotStylePtr>& styles);
+/// @param next  gives one style after the other, and null behind the last; it is not asked again
+///              once every property is known to differ
+PSL_API StyleFields gatherStyleFields(const std::function<OdPsPlotStylePtr()>& next);
 
 /// The RGB of a style's colour, packed; an index colour gives its palette colour.
 PSL_API std::uint32_t styleRgb(OdCmEntityColor color);

@@ -1,0 +1,20 @@
+// Numbers as users type them and as the dialogs show them, whatever the locale. Knows no control.
+
+#ifndef PSL_NUMBERS_H
+#define PSL_NUMBERS_H
+
+#include "psl_api.h"
+
+#include <wx/string.h>
+
+#include <optional>
+
+/// Reads a number with a decimal point or a decimal comma.
+/// @return nothing for a text that is not a number as a whole
+PSL_API std::optional<double> parseReal(const wxString& text);
+
+/// Reads a whole number and takes it to the nearer end of a range where it lies outside.
+/// @return nothing for a text that is not a whole number
+PSL_API std::optional<int> parseInteger(const wxString& text, int least, int greatest);
+
+#endif

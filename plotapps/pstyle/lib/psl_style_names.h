@@ -1,0 +1,23 @@
+// What a style may be called. Knows no control.
+
+#ifndef PSL_STYLE_NAMES_H
+#define PSL_STYLE_NAMES_H
+
+#include "psl_api.h"
+
+#include <wx/string.h>
+
+class OdPsPlotStyle;
+class OdPsPlotStyleTable;
+
+/// The text that a table file can hold of one that the user entered: it ends at a NUL, and every
+/// line break (CR LF counts as one) becomes a blank.
+PSL_API wxString storableText(const wxString& entered);
+
+/// Whether another style than `style` has this text as its name or as its localized name, without
+/// regard to case. The two differ in older tables, where the name has `_` for blanks.
+/// @param style  may be null, for a style that does not exist yet
+PSL_API bool isNameTaken(const OdPsPlotStyleTable& table, const wxString& name,
+                         const OdPsPlotStyle* style);
+
+#endif

@@ -1,0 +1,167 @@
+// Keys and pointer by the X server's test extension.
+
+#include "tests/keyboard/hands.h"
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+KeySym symbolOf(std::string_view name)
+{
+    if (name == "ctrl")
+        return XK_Control_L;
+    if (name == "shift")
+        return XK_Shift_L;
+    if (name == "alt")
+        return XK_Alt_L;
+    // Latin-1 characters are their own symbols.
+    if (name.size() == 1)
+        return static_cast<unsigned char>(name.front());
+    const KeySym symbol = XStringToKeysym(std::string(name).c_str());
+    if (symbol == NoSymbol)
+        throw std::invalid_argument("no such key: " + std::string(name));
+    return symbol;
+}
+
+} // namespace
+
+Hands::Hands()
+    : m_display(XOpenDisplay(nullptr))
+{
+    // The window that a mark is for may go with its program.
+    XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
+    if (!m_display)
+        throw std::runtime_error("no display");
+}
+
+Hands::~Hands()
+{
+    XCloseDisplay(m_display);
+}
+
+// The server hands input on when it is done with what it is asked at once; so it is asked again.
+void Hands::deliver()
+{
+    XSync(m_display, False);
+    XSync(m_display, False);
+}
+
+void Hands::mark(unsigned long window, const char* message, long number)
+{
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(m_display, message, False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = number;
+    XSendEvent(m_display, window, False, NoEventMask, &event);
+    XSync(m_display, False);
+}
+
+bool Hands::isManaged() const
+{
+    const Atom check = XInternAtom(m_display, "_NET_SUPPORTING_WM_CHECK", False);
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long left = 0;
+    unsigned char* value = nullptr;
+    XGetWindowProperty(m_display, DefaultRootWindow(m_display), check, 0, 1, False, AnyPropertyType,
+                       &type, &format, &count, &left, &value);
+    if (value)
+        XFree(value);
+    return count == 1;
+}
+
+void Hands::send(unsigned long symbol, bool down)
+{
+    const KeyCode code = XKeysymToKeycode(m_display, symbol);
+    if (code == 0)
+        throw std::invalid_argument("no key for symbol " + std::to_string(symbol));
+    const bool isShifted = XkbKeycodeToKeysym(m_display, code, 0, 0) != symbol;
+    const KeyCode shift = XKeysymToKeycode(m_display, XK_Shift_L);
+    if (isShifted && down)
+        XTestFakeKeyEvent(m_display, shift, True, CurrentTime);
+    XTestFakeKeyEvent(m_display, code, down, CurrentTime);
+    if (isShifted && !down)
+        XTestFakeKeyEvent(m_display, shift, False, CurrentTime);
+}
+
+void Hands::key(std::string_view chord)
+{
+    std::vector<KeySym> symbols;
+    for (std::size_t plus; (plus = chord.find('+')) != std::string_view::npos && plus > 0;
+         chord.remove_prefix(plus + 1))
+        symbols.push_back(symbolOf(chord.substr(0, plus)));
+    symbols.push_back(symbolOf(chord));
+    for (const KeySym symbol : symbols)
+        send(symbol, true);
+    for (auto symbol = symbols.rbegin(); symbol != symbols.rend(); ++symbol)
+        send(*symbol, false);
+    deliver();
+}
+
+void Hands::type(std::string_view text)
+{
+    for (const char character : text)
+    {
+        const KeySym symbol = static_cast<unsigned char>(character);
+        send(symbol, true);
+        send(symbol, false);
+    }
+    deliver();
+}
+
+void Hands::moveTo(ScreenPoint point)
+{
+    XTestFakeMotionEvent(m_display, -1, point.x, point.y, CurrentTime);
+    deliver();
+}
+
+void Hands::button(unsigned number)
+{
+    XTestFakeButtonEvent(m_display, number, True, CurrentTime);
+    XTestFakeButtonEvent(m_display, number, False, CurrentTime);
+}
+
+void Hands::click(ScreenPoint point, std::string_view modifier)
+{
+    moveTo(point);
+    if (!modifier.empty())
+        send(symbolOf(modifier), true);
+    button(Button1);
+    if (!modifier.empty())
+        send(symbolOf(modifier), false);
+    deliver();
+}
+
+void Hands::press(ScreenPoint point)
+{
+    moveTo(point);
+    XTestFakeButtonEvent(m_display, Button1, True, CurrentTime);
+    deliver();
+}
+
+void Hands::release()
+{
+    XTestFakeButtonEvent(m_display, Button1, False, CurrentTime);
+    deliver();
+}
+
+void Hands::wheel(ScreenPoint point, int notches)
+{
+    moveTo(point);
+    for (; notches > 0; --notches)
+        button(Button5);
+    for (; notches < 0; ++notches)
+        button(Button4);
+    deliver();
+}

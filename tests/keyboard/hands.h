@@ -1,0 +1,56 @@
+// Hands: real keys and a real pointer, by the X server's test extension.
+
+#ifndef TESTS_KEYBOARD_HANDS_H
+#define TESTS_KEYBOARD_HANDS_H
+
+#include <string_view>
+
+struct _XDisplay;
+
+/// A place on the screen, in pixels.
+struct ScreenPoint
+{
+    int x = 0;
+    int y = 0;
+};
+
+/// Presses keys and moves the pointer of the display that DISPLAY names. Every call returns when
+/// the server has taken the input; whoever it is meant for may not have seen it yet.
+class Hands
+{
+public:
+    Hands();
+    ~Hands();
+    Hands(const Hands&) = delete;
+    Hands& operator=(const Hands&) = delete;
+
+    /// Whether a window manager runs.
+    bool isManaged() const;
+
+    /// Presses and releases a key with modifiers: "Return", "ctrl+Tab", "alt+l", "shift+Down". Keys
+    /// have the X server's names. @throw std::invalid_argument for a key that does not exist
+    void key(std::string_view chord);
+    /// Types a text of ASCII characters.
+    void type(std::string_view text);
+
+    /// Sends a message with a number to a window, behind all input so far.
+    void mark(unsigned long window, const char* message, long number);
+
+    void moveTo(ScreenPoint point);
+    /// Clicks with the left button, while the modifiers are held ("ctrl", "shift", or "").
+    void click(ScreenPoint point, std::string_view modifier = "");
+    /// Presses the left button, and lets it go where the pointer is.
+    void press(ScreenPoint point);
+    void release();
+    /// Turns the wheel by notches; negative is away from the user, which scrolls up.
+    void wheel(ScreenPoint point, int notches);
+
+private:
+    void send(unsigned long symbol, bool down);
+    void button(unsigned number);
+    void deliver();
+
+    _XDisplay* m_display;
+};
+
+#endif
