@@ -27,6 +27,12 @@ VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, co
 {
     Bind(wxEVT_CHAR_HOOK, &VariesCombo::onCharHook, this);
     Bind(wxEVT_COMBOBOX, &VariesCombo::onPicked, this);
+    Bind(wxEVT_COMBOBOX_DROPDOWN,
+         [this](wxCommandEvent& event)
+         {
+             event.Skip();
+             m_prefix.clear();
+         });
     GetPopupControl()->GetControl()->Bind(wxEVT_CHAR, &VariesCombo::onListChar, this);
     Bind(wxEVT_SIZE,
          [this](wxSizeEvent& event)

@@ -393,7 +393,8 @@ std::string TableEditor::arrangedStyles()
 }
 
 /// The names that colours may refer to and that have changed: the new name of a renamed style, and
-/// the name of the first style for a deleted one.
+/// the name of the first style for a deleted one. A name that several styles were read with stays
+/// as long as one of them has it: nothing tells which of them its colours mean.
 std::map<std::wstring, std::wstring> TableEditor::changedNames()
 {
     std::map<std::wstring, std::wstring> names;
@@ -409,19 +410,27 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
         present.insert(style.get());
         presentNames.insert(storableText(style->name().str()));
     }
+    std::set<std::wstring> kept;
+    std::set<std::wstring> deleted;
     for (const StyleGroup& group : groups)
     {
         const OdPsPlotStyle& style = *m_origin.styles[group.position];
-        const bool isDeleted = present.count(&style) == 0;
-        if (!isDeleted && !wasSet(style))
-            continue;
-        const OdString now = isDeleted ? m_styles.front()->name() : style.name();
         const std::wstring original = originalTexts(fieldsOf(group), group.position).name;
-        // Another style may have taken the place of a deleted one under its name.
-        if (isDeleted && presentNames.count(original) > 0)
-            continue;
-        names.emplace(original, storableText(now.str()));
+        const std::wstring now = storableText(style.name().str());
+        if (present.count(&style) == 0)
+            deleted.insert(original);
+        else if (now == original)
+            kept.insert(original);
+        else
+            names.emplace(original, now);
     }
+    // Another style may have taken the place of a deleted one under its name.
+    const std::wstring first = storableText(m_styles.front()->name().str());
+    for (const std::wstring& name : deleted)
+        if (presentNames.count(name) == 0)
+            names.emplace(name, first);
+    for (const std::wstring& name : kept)
+        names.erase(name);
     return names;
 }
 

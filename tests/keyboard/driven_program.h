@@ -14,17 +14,6 @@
 
 #include <sys/types.h>
 
-/// A rectangle on the screen, in pixels.
-struct ScreenRect
-{
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-
-    ScreenPoint centre() const { return {x + width / 2, y + height / 2}; }
-};
-
 /// What the eye sees of a control.
 struct SeenControl
 {

@@ -132,12 +132,21 @@ wxWindow* control(const wxString& name)
     return nullptr;
 }
 
+// What a screen reader is told of a control that draws itself.
+wxString spokenText(const wxWindow* window)
+{
+    const auto accessible = gdkFunction<void*(WXWidget)>("gtk_widget_get_accessible");
+    const auto description = gdkFunction<const char*(void*)>("atk_object_get_description");
+    const char* told = description(accessible(window->m_wxwindow));
+    return wxString::FromUTF8(told ? told : "");
+}
+
 wxString text(wxWindow* window)
 {
     if (const auto* spin = dynamic_cast<wxSpinCtrl*>(window))
         return spin->GetTextValue();
-    if (const auto* combo = dynamic_cast<wxComboCtrl*>(window))
-        return combo->GetToolTipText().empty() ? combo->GetValue() : combo->GetToolTipText();
+    if (dynamic_cast<wxComboCtrl*>(window))
+        return spokenText(window);
     if (const auto* box = dynamic_cast<wxCheckBox*>(window))
         return box->Get3StateValue() == wxCHK_UNDETERMINED ? "undetermined"
                : box->GetValue()                           ? "checked"

@@ -4,6 +4,7 @@
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
@@ -118,6 +119,19 @@ void Hands::type(std::string_view text)
         send(symbol, false);
     }
     deliver();
+}
+
+std::string Hands::pixels(const ScreenRect& place)
+{
+    XImage* image = XGetImage(m_display, DefaultRootWindow(m_display), place.x, place.y,
+                              static_cast<unsigned>(place.width),
+                              static_cast<unsigned>(place.height), AllPlanes, ZPixmap);
+    if (!image)
+        throw std::runtime_error("no picture of the screen");
+    const std::string bytes(image->data,
+                            static_cast<std::size_t>(image->bytes_per_line * image->height));
+    XDestroyImage(image);
+    return bytes;
 }
 
 void Hands::moveTo(ScreenPoint point)

@@ -3,6 +3,7 @@
 #ifndef TESTS_KEYBOARD_HANDS_H
 #define TESTS_KEYBOARD_HANDS_H
 
+#include <string>
 #include <string_view>
 
 struct _XDisplay;
@@ -12,6 +13,17 @@ struct ScreenPoint
 {
     int x = 0;
     int y = 0;
+};
+
+/// A rectangle on the screen, in pixels.
+struct ScreenRect
+{
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+
+    ScreenPoint centre() const { return {x + width / 2, y + height / 2}; }
 };
 
 /// Presses keys and moves the pointer of the display that DISPLAY names. Every call returns when
@@ -35,6 +47,9 @@ public:
 
     /// Sends a message with a number to a window, behind all input so far.
     void mark(unsigned long window, const char* message, long number);
+
+    /// The pixels of a part of the screen.
+    std::string pixels(const ScreenRect& place);
 
     void moveTo(ScreenPoint point);
     /// Clicks with the left button, while the modifiers are held ("ctrl", "shift", or "").

@@ -244,6 +244,16 @@ TEST(OdPsTable, RenamesThroughACopyOfTheStyleMap)
     EXPECT_EQ(table->styleMap().size(), 3u);
 }
 
+TEST(OdPsTable, FindsAStyleByItsNameAsWellAsByItsLocalizedName)
+{
+    const OdPsPlotStyleTablePtr table = makeNamedTable({L"Normal", L"Thin red", L"Walls"});
+    table->styleAt(1)->setName(L"Thin_red");
+    EXPECT_EQ(table->findStyleByName(L"THIN_RED"), table->styleAt(1));
+    EXPECT_EQ(table->findStyleByName(L"thin red"), table->styleAt(1));
+    table->styleAt(2)->setName(L"Thin red");
+    EXPECT_EQ(table->findStyleByName(L"Thin red"), table->styleAt(1)) << "what users see goes first";
+}
+
 TEST(OdPsTable, KeysOfAStyleMapOutliveTheCallersTexts)
 {
     const OdPsPlotStyleTablePtr table = makeNamedTable({L"Normal", L"Walls"});

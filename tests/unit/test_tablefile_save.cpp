@@ -428,6 +428,63 @@ TEST(SaveNames, ColorsKeepANameThatAnotherStyleHasTaken)
     EXPECT_NE(saved.find(" 0=\"Normal\n 1=\"Walls\n 2=\"Doors\n 3=\"Text\n"), std::string::npos);
 }
 
+namespace
+{
+
+// A table of "Normal", two styles that are both named "Thin_red", and "thin_RED"; of six colours
+// four mean one of these names.
+OdPsPlotStyleTablePtr tableOfTwins()
+{
+    std::string text = mappedTableText({"Normal", "Twin1", "Twin2", "thin_RED"});
+    text = replaced(text, "  name=\"Twin1\n", "  name=\"Thin_red\n");
+    text = replaced(text, "  name=\"Twin2\n", "  name=\"Thin_red\n");
+    text = replaced(text, " 1=\"Twin1\n", " 1=\"Thin_red\n");
+    text = replaced(text, " 2=\"Twin2\n", " 2=\"Thin_red\n");
+    return tableOfText(text, "TTB");
+}
+
+// What the first four colours mean after a save.
+std::string firstColors(const OdPsPlotStyleTablePtr& table)
+{
+    const std::string text = textOf(*table);
+    const std::size_t begin = text.find(" 0=\"");
+    return text.substr(begin, text.find(" 4=\"") - begin);
+}
+
+} // namespace
+
+TEST(SaveNames, ColorsOfANameThatTwoStylesHaveStayWhenOneOfThemGoesOrIsRenamed)
+{
+    const std::string before = firstColors(tableOfTwins());
+    EXPECT_EQ(before, " 0=\"Normal\n 1=\"Thin_red\n 2=\"Thin_red\n 3=\"thin_RED\n");
+    for (const int twin : {1, 2})
+    {
+        OdPsPlotStyleTablePtr table = tableOfTwins();
+        table->styleAt(twin)->setName(L"Axis");
+        EXPECT_EQ(firstColors(table), before) << twin;
+        table = tableOfTwins();
+        table->deleteStyle(table->styleAt(twin));
+        EXPECT_EQ(firstColors(table), before) << twin;
+    }
+}
+
+TEST(SaveNames, ColorsThatCanOnlyMeanOneStyleFollowIt)
+{
+    OdPsPlotStyleTablePtr table = tableOfTwins();
+    table->styleAt(3)->setName(L"Axis");
+    EXPECT_EQ(firstColors(table), " 0=\"Normal\n 1=\"Thin_red\n 2=\"Thin_red\n 3=\"Axis\n");
+    table = tableOfTwins();
+    const OdPsPlotStylePtr first = table->styleAt(1);
+    table->styleAt(2)->setName(L"Axis");
+    table->deleteStyle(first);
+    EXPECT_EQ(firstColors(table), " 0=\"Normal\n 1=\"Axis\n 2=\"Axis\n 3=\"thin_RED\n")
+        << "the only one that is left of them";
+    table = tableOfTwins();
+    table->deleteStyle(table->styleAt(2));
+    table->deleteStyle(table->styleAt(1));
+    EXPECT_EQ(firstColors(table), " 0=\"Normal\n 1=\"Normal\n 2=\"Normal\n 3=\"thin_RED\n");
+}
+
 TEST(SaveText, LinesBehindATextWithoutAFinalLineEndFollowOneAnother)
 {
     std::string text = withoutKey(namedTableText(kNames), "scale_factor");

@@ -280,7 +280,7 @@ void DlgPlotStyleEditor::bindTypeAhead(wxListCtrl* list)
     {
         const wxUniChar character = event.GetUnicodeKey();
         const long time = event.GetTimestamp();
-        const bool isText = !event.HasAnyModifiers() && wxIsprint(character);
+        const bool isText = !event.HasModifiers() && wxIsprint(character);
         if (!isText || (character == ' ' && !typed.isRunning(time)))
         {
             event.Skip();
@@ -331,13 +331,15 @@ void DlgPlotStyleEditor::selectOnly(wxListCtrl* list, long row)
     if (list == findControl<wxListCtrl>(*this, "ListStyles"))
         deselectOthers(row);
     const long neighbour = row > 0 ? row - 1 : row + 1;
-    wxWindow* rows = FindFocus();
-    if (rows && rows->GetParent() == list && neighbour < list->GetItemCount())
+    const wxWindowList& parts = list->GetChildren();
+    const auto rows = std::find_if(parts.begin(), parts.end(),
+                                   [](const wxWindow* part) { return part->AcceptsFocus(); });
+    if (rows != parts.end() && neighbour < list->GetItemCount())
     {
         list->SetItemState(neighbour, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
         wxKeyEvent arrow(wxEVT_CHAR);
         arrow.m_keyCode = row > 0 ? WXK_DOWN : WXK_UP;
-        rows->HandleWindowEvent(arrow);
+        (*rows)->HandleWindowEvent(arrow);
     }
     else
         list->SetItemState(row, selectedAndFocused, selectedAndFocused);

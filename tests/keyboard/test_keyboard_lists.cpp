@@ -1,0 +1,140 @@
+// Walking and searching the lists, and turning the pages, by keys.
+
+#include "tests/keyboard/editor_session.h"
+
+#include "support/table_maker.h"
+#include "support/tables.h"
+
+namespace
+{
+
+using Rows = std::vector<int>;
+
+class Lists : public EditorSession
+{
+protected:
+    // Types in one go, and then so that the next text is another one.
+    void search(std::string_view text)
+    {
+        editor().clickRow("ListStyles", 0);
+        editor().type(text);
+    }
+};
+
+} // namespace
+
+TEST_F(Lists, TypingGoesToTheRowThatBegins)
+{
+    openColors();
+    search("Color 137");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{136});
+    editor().key("shift+Down");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{136, 137})) << "a range goes on from there";
+}
+
+TEST_F(Lists, DigitsGoToAColour)
+{
+    openColors();
+    search("42");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{41});
+}
+
+TEST_F(Lists, ATextThatNothingBeginsWithKeepsTheSelection)
+{
+    openColors();
+    search("999");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{98}) << "no colour has the whole number";
+}
+
+TEST_F(Lists, ABlankByItselfSelectsTheRowOrNot)
+{
+    openColors();
+    editor().key("space");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{});
+    editor().key("space");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{0});
+}
+
+TEST_F(Lists, NamesWithBlanksAreFound)
+{
+    openNamed({"Thin wall", "Thin red", "Thin red 2"});
+    search("thin red 2");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{3});
+}
+
+TEST_F(Lists, OneLetterAgainAndAgainGoesRound)
+{
+    openNamed({"Axis", "Area", "Beam"});
+    search("a");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{1});
+    editor().type("a");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{2});
+    editor().type("a");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{1});
+}
+
+TEST_F(Lists, LineweightsAreFoundByTheirNumbers)
+{
+    openColors();
+    turnToLineweights();
+    editor().clickRow("ListLineWeights", 0);
+    editor().type("0.5");
+    EXPECT_EQ(editor().selected("ListLineWeights"), Rows{13});
+}
+
+TEST_F(Lists, PagesTurnFromEveryControl)
+{
+    openColors();
+    for (const char* control : {"ListStyles", "ComboColor", "SpinPhysPen", "CheckDither"})
+    {
+        if (control == std::string("ListStyles"))
+            editor().clickRow(control, 0);
+        else
+            editor().click(control);
+        if (editor().openList(control))
+            editor().key("Escape");
+        ASSERT_EQ(editor().focus(), control);
+        editor().key("ctrl+Next");
+        EXPECT_EQ(editor().text("NoteBook"), "Lineweights") << control;
+        editor().key("ctrl+Prior");
+        EXPECT_EQ(editor().text("NoteBook"), "Form View") << control;
+        editor().key("ctrl+shift+Tab");
+        EXPECT_EQ(editor().text("NoteBook"), "General") << control;
+        editor().key("ctrl+Tab");
+        EXPECT_EQ(editor().text("NoteBook"), "Form View") << control;
+    }
+    editor().key("ctrl+Prior");
+    editor().click("TextTableDescr");
+    editor().key("ctrl+Tab");
+    EXPECT_EQ(editor().text("NoteBook"), "Form View");
+    editor().key("ctrl+Prior");
+    editor().click("wxID_OK");
+    EXPECT_EQ(editor().wait(), 0);
+}
+
+TEST_F(Lists, AClickOnOneOfAllSelectedStylesLeavesThatOne)
+{
+    openColors([](OdPsPlotStyleTable& table)
+               { support::changeData(table, 3, [](auto& data) { data.screening = 40; }); });
+    editor().key("ctrl+a");
+    ASSERT_EQ(editor().selected("ListStyles").size(), 255u);
+    EXPECT_EQ(editor().text("SpinScreening"), "0");
+    editor().clickRow("ListStyles", 3);
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{3});
+    EXPECT_EQ(editor().text("SpinScreening"), "40");
+    editor().key("shift+Down");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{3, 4}));
+}
+
+TEST_F(Lists, ReturnOnACheckBoxOrARadioButtonDoesNotConfirm)
+{
+    openColors();
+    editor().click("CheckDither");
+    editor().key("Return");
+    EXPECT_FALSE(editor().hasEnded());
+    turnToLineweights();
+    editor().click("RadLwIn");
+    editor().key("Return");
+    EXPECT_FALSE(editor().hasEnded());
+    EXPECT_EQ(dataOf(stored(), 0).colorPolicy, dataOf(saved(), 1).colorPolicy);
+}
