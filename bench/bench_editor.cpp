@@ -1,5 +1,6 @@
 // What the editor costs: opening it on tables of several sizes beside showing its dialog resource
-// empty, and changing the colour of all styles at once. Prints one line a measurement, with ratios.
+// empty, changing the colour of all styles at once, and a click on one style while all are selected.
+// Prints one line a measurement, with ratios.
 // Needs a display: tools/with-display build/release/bin/bench_editor
 
 #include "psl.h"
@@ -22,6 +23,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <utility>
 
 namespace
 {
@@ -43,14 +45,22 @@ double best(const std::function<double()>& measure)
     return least;
 }
 
-// Shows a dialog until it has been painted.
-void showOnce(wxDialog& dialog)
+// Shows a dialog until it has been painted, and does something then.
+void showOnce(
+    wxDialog& dialog, const std::function<void()>& work = [] {})
 {
+    bool isDone = false;
     dialog.Bind(wxEVT_PAINT,
-                [&dialog](wxPaintEvent& event)
+                [&](wxPaintEvent& event)
                 {
                     event.Skip();
-                    dialog.CallAfter([&dialog] { dialog.EndModal(wxID_CANCEL); });
+                    dialog.CallAfter(
+                        [&]
+                        {
+                            if (!std::exchange(isDone, true))
+                                work();
+                            dialog.EndModal(wxID_CANCEL);
+                        });
                 });
     dialog.ShowModal();
 }
@@ -70,6 +80,37 @@ double openEditor(const wxString& file)
     DlgPlotStyleEditor dialog(file, wxString(), nullptr);
     showOnce(dialog);
     return milliseconds(Clock::now() - start);
+}
+
+// Selects all styles by the key, and clicks the third.
+double clickOneOfAll(const wxString& file)
+{
+    DlgPlotStyleEditor dialog(file, wxString(), nullptr);
+    double time = 0;
+    const auto clickRow = [&dialog, &time]
+    {
+        XRCCTRL(dialog, "NoteBook", wxNotebook)->SetSelection(1);
+        auto* list = XRCCTRL(dialog, "ListStyles", wxListCtrl);
+        list->Update();
+        wxKeyEvent selectAll(wxEVT_CHAR_HOOK);
+        selectAll.m_keyCode = 'A';
+        selectAll.SetControlDown(true);
+        list->HandleWindowEvent(selectAll);
+        wxRect row;
+        list->GetItemRect(2, row);
+        const auto start = Clock::now();
+        for (const auto type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP})
+        {
+            wxMouseEvent click(type);
+            click.SetPosition(row.GetPosition() + row.GetSize() / 2);
+            list->GetChildren().front()->HandleWindowEvent(click);
+        }
+        time = milliseconds(Clock::now() - start);
+        if (list->GetSelectedItemCount() != 1)
+            std::fprintf(stderr, "the click has not selected one style\n");
+    };
+    showOnce(dialog, clickRow);
+    return time;
 }
 
 struct Edit
@@ -147,6 +188,9 @@ private:
                     select * 1000 / styles);
         std::printf("%6d styles: recoloured   %9.1f ms, %.2f us a style\n", styles, change,
                     change * 1000 / styles);
+        const double click = best([&file] { return clickOneOfAll(file); });
+        std::printf("%6d styles: one clicked  %9.1f ms, %.2f us a style\n", styles, click,
+                    click * 1000 / styles);
         std::fflush(stdout);
     }
 };

@@ -27,6 +27,8 @@
 #include <clocale>
 #include <filesystem>
 
+#include <dlfcn.h>
+
 namespace
 {
 
@@ -867,6 +869,67 @@ TEST_F(EditorTest, SaveAsGivesANameWithoutAnExtensionThatOfTheKind)
         EXPECT_EQ(editor.GetTitle(), wxString("Plot Style Table Editor - x.") + extension);
         EXPECT_TRUE(wxFileExists(folder.file(wxString("x.") + extension)));
         EXPECT_FALSE(wxFileExists(folder.file("x")));
+    }
+}
+
+TEST_F(EditorTest, ADescriptionThatTheFieldCannotShowIsNoChange)
+{
+    const std::string text = support::colorTableText();
+    for (const std::string& description : {std::string("a\0b", 3), std::string("a\rb"),
+                                          std::string("a\x01\tb"), std::string("a\xE4\0", 3)})
+    {
+        const std::string bytes = support::pack(
+            support::replaced(text, "description=\"\n", "description=\"" + description + "\n"));
+        const wxString file = makeFile("table.ctb", bytes);
+        Editor editor(file);
+        EXPECT_FALSE(editor.isModified());
+        find<wxListCtrl>(editor, "ListLineWeights")->EditLabel(26)->SetValue("3");
+        editor.press(wxID_OK);
+        EXPECT_EQ(support::changedLines(text, support::unpack(readBytes(file))).size(), 2u)
+            << "the description and the lineweight";
+        EXPECT_NE(support::unpack(readBytes(file)).find(description), std::string::npos);
+    }
+}
+
+// The filters of the desktop's file dialog go by the case of a name, tables do not.
+TEST_F(EditorTest, FileDialogsShowTablesInCapitals)
+{
+    struct Info // GtkFileFilterInfo
+    {
+        int contains;
+        const char* path;
+        const char* uri;
+        const char* name;
+        const char* type;
+    };
+    struct List // GSList
+    {
+        void* filter;
+        List* next;
+    };
+    constexpr int hasName = 4; // GTK_FILE_FILTER_DISPLAY_NAME
+    const auto filters =
+        reinterpret_cast<List* (*)(WXWidget)>(dlsym(RTLD_DEFAULT, "gtk_file_chooser_list_filters"));
+    const auto shows =
+        reinterpret_cast<int (*)(void*, const Info*)>(dlsym(RTLD_DEFAULT, "gtk_file_filter_filter"));
+    const auto shown = [&](const wxDialog* dialog, const char* name)
+    {
+        const Info info{hasName, nullptr, nullptr, name, nullptr};
+        return shows(filters(dialog->GetHandle())->filter, &info) != 0;
+    };
+    for (const char* button : {"BtnOpen", "BtnSaveAs"})
+    {
+        Editor editor(makeTable("a.ctb"));
+        DialogAnswers answers;
+        answers.answer(
+            [&](wxDialog* dialog)
+            {
+                for (const char* name : {"x.ctb", "X.CTB", "X.Ctb"})
+                    EXPECT_TRUE(shown(dialog, name)) << button << " " << name;
+                EXPECT_FALSE(shown(dialog, "x.txt")) << button;
+                return int(wxID_CANCEL);
+            });
+        editor.press(button);
     }
 }
 

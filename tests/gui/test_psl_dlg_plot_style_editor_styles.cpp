@@ -613,6 +613,21 @@ TEST_F(StyleList, ReportsARefusedRenameOnceWhenTheFocusGoes)
          });
 }
 
+TEST_F(StyleList, TakesANameAsItWillBeStored)
+{
+    show(namedTable({L"A", L"Thin red"}),
+         [this](EditorDriver& editor)
+         {
+             editor.select({1});
+             EXPECT_TRUE(editor.rename(1, "Thick\nred"));
+             EXPECT_TRUE(waitFor([&editor] { return editor.styleNames()[1] == "Thick red"; }));
+             EXPECT_TRUE(editor.rename(1, "thin\nred"));
+             EXPECT_EQ(takeErrors(), Names{duplicateMessage("thin red")});
+             click(editor.dialog(), wxID_OK);
+         });
+    EXPECT_EQ(savedTable()->styleAt(1)->name(), OdString(L"Thick red"));
+}
+
 // A mnemonic presses the button while the edit goes on.
 TEST_F(StyleList, SavesTheNameThatIsBeingTyped)
 {

@@ -197,6 +197,11 @@ bool DrivenProgram::waitForDialog(std::string_view text)
     return came && !hasEnded();
 }
 
+int DrivenProgram::dialogWidth()
+{
+    return std::stoi("0" + answer("width"));
+}
+
 SeenControl DrivenProgram::control(const std::string& name)
 {
     const auto words = ask("control\t" + name);

@@ -65,6 +65,8 @@ public:
     std::vector<std::string> dialogs();
     /// Waits for one dialog more, whose title or message contains a text, and for its turn.
     bool waitForDialog(std::string_view text);
+    /// The width of the innermost dialog, without the window manager's frame.
+    int dialogWidth();
     SeenControl control(const std::string& name);
     std::string text(const std::string& name) { return control(name).text; }
     /// The resource name of the control that has the focus.

@@ -17,8 +17,12 @@ DrivenProgram& EditorSession::open(const std::string& name, const std::string& b
 {
     file = (folder / name).string();
     support::writeFile(file, bytes);
-    m_program.emplace(PSTYLE_PROGRAM, std::vector<std::string>{file});
-    return *m_program;
+    return start({file});
+}
+
+DrivenProgram& EditorSession::start(const std::vector<std::string>& arguments)
+{
+    return m_program.emplace(PSTYLE_PROGRAM, arguments);
 }
 
 void EditorSession::openNamed(const std::vector<std::string>& names)

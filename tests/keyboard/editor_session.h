@@ -28,6 +28,8 @@ protected:
     void openColors(const std::function<void(OdPsPlotStyleTable&)>& change = nullptr);
     /// Opens the editor on a file of these bytes, with the General page in front.
     DrivenProgram& open(const std::string& name, const std::string& bytes);
+    /// Starts the program with these arguments.
+    DrivenProgram& start(const std::vector<std::string>& arguments);
     DrivenProgram& editor() { return *m_program; }
 
     void turnToFormView();

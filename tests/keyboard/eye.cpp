@@ -9,8 +9,10 @@
 #include <wx/anybutton.h>
 #include <wx/app.h>
 #include <wx/checkbox.h>
+#include <wx/choice.h>
 #include <wx/combobox.h>
 #include <wx/evtloop.h>
+#include <wx/filedlg.h>
 #include <wx/listctrl.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
@@ -159,6 +161,8 @@ wxString text(wxWindow* window)
         return book->GetPageText(static_cast<size_t>(book->GetSelection()));
     if (const auto* combo = dynamic_cast<wxComboBox*>(window))
         return combo->GetValue();
+    if (const auto* choice = dynamic_cast<wxChoice*>(window))
+        return choice->GetStringSelection();
     return wxControl::GetLabelText(window->GetLabel());
 }
 
@@ -180,7 +184,10 @@ wxString dialogs()
     for (wxDialog* dialog : openDialogs->all())
     {
         const auto* box = dynamic_cast<wxMessageDialog*>(dialog);
-        words.Add(box ? box->GetMessage() : dialog->GetTitle());
+        const auto* file = dynamic_cast<wxFileDialog*>(dialog);
+        words.Add(box    ? box->GetMessage()
+                  : file ? file->GetMessage()
+                         : dialog->GetTitle());
     }
     return answer(words);
 }
@@ -240,6 +247,8 @@ wxString look(const wxArrayString& request)
         return dialogs();
     if (what == "focus")
         return focus();
+    if (what == "width")
+        return wxString::Format("%d", innermostDialog()->GetClientSize().x);
     if (what == "active")
     {
         auto* top = dynamic_cast<wxTopLevelWindow*>(innermostDialog());

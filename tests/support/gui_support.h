@@ -97,6 +97,8 @@ public:
     DialogAnswers();
     ~DialogAnswers() override;
 
+    /// Has a function answer the next dialog.
+    void answer(Answer answer) { m_answers.push_back(std::move(answer)); }
     /// Answers the next dialog with a button.
     void press(int id);
     /// Confirms the next file dialog with a path.
