@@ -144,16 +144,23 @@ void DrivenProgram::clickAt(ScreenPoint point, std::string_view modifier)
 
 void DrivenProgram::clickRow(const std::string& list, int row, std::string_view modifier)
 {
+    if (!tryClickRow(list, row, modifier))
+        throw std::runtime_error("no row " + std::to_string(row) + " in view in " + list);
+}
+
+bool DrivenProgram::tryClickRow(const std::string& list, int row, std::string_view modifier)
+{
     constexpr int insideText = 40;
     const auto words = ask("row\t" + list + "\t" + std::to_string(row));
     if (words.empty())
-        throw std::runtime_error("no such row in " + list);
+        return false;
     const ScreenRect place = placeOf(words);
     const ScreenRect window = control(list).place;
     const int y = place.centre().y;
     if (y < window.y || y >= window.y + window.height)
-        throw std::runtime_error("the row is not in view");
+        return false;
     clickAt({place.x + insideText, y}, modifier);
+    return true;
 }
 
 void DrivenProgram::wheel(const std::string& name, int notches)

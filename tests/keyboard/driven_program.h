@@ -50,8 +50,11 @@ public:
     void type(std::string_view text);
     void click(const std::string& name, std::string_view modifier = "");
     void clickAt(ScreenPoint point, std::string_view modifier = "");
-    /// Clicks the text of a row that is scrolled into view.
+    /// Clicks the text of a row that is scrolled into view. @throw std::runtime_error where it is
+    /// not
     void clickRow(const std::string& list, int row, std::string_view modifier = "");
+    /// The same where there is such a row in view. @return whether there was
+    bool tryClickRow(const std::string& list, int row, std::string_view modifier = "");
     void wheel(const std::string& name, int notches);
     /// Keys and pointer that nobody waits for.
     Hands& hands() { return m_hands; }

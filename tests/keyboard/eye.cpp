@@ -185,9 +185,7 @@ wxString dialogs()
     {
         const auto* box = dynamic_cast<wxMessageDialog*>(dialog);
         const auto* file = dynamic_cast<wxFileDialog*>(dialog);
-        words.Add(box    ? box->GetMessage()
-                  : file ? file->GetMessage()
-                         : dialog->GetTitle());
+        words.Add(box ? box->GetMessage() : file ? file->GetMessage() : dialog->GetTitle());
     }
     return answer(words);
 }
@@ -253,6 +251,11 @@ wxString look(const wxArrayString& request)
     {
         auto* top = dynamic_cast<wxTopLevelWindow*>(innermostDialog());
         return top && top->IsActive() ? "yes" : "";
+    }
+    if (what == "style")
+    {
+        const auto tell = gdkFunction<const char*(int)>("tellStyle");
+        return tell ? wxString::FromUTF8(tell(wxAtoi(request[1]))) : wxString();
     }
     wxWindow* window = request.size() > 1 ? control(request[1]) : nullptr;
     if (!window)

@@ -8,6 +8,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace support
 {
@@ -24,6 +25,10 @@ OdPsPlotStyleTablePtr tableOfText(std::string_view text, const char* kind = "CTB
 std::string bytesOf(const OdPsPlotStyleTable& table);
 /// The text that a table is saved as.
 std::string textOf(const OdPsPlotStyleTable& table);
+
+/// What two tables differ in, a text each; an object's own pens and lineweights may be held in
+/// either of their forms.
+std::vector<std::string> differences(const OdPsPlotStyleTable& a, const OdPsPlotStyleTable& b);
 
 /// The data record of a style.
 OdPsPlotStyleData dataOf(const OdPsPlotStyleTable& table, int index);
