@@ -1,7 +1,7 @@
 // What the editor costs: opening it on tables of several sizes beside showing its dialog resource
-// empty, changing the colour of all styles at once, and a click on one style while all are selected.
-// Prints one line a measurement, with ratios.
-// Needs a display: tools/with-display build/release/bin/bench_editor
+// empty, changing the colour of all styles at once, and a click on one style while all are
+// selected. Prints one line a measurement, with ratios. Needs a display: tools/with-display
+// build/release/bin/bench_editor
 
 #include "psl.h"
 #include "psl_dlg_plot_style_editor.h"
@@ -105,6 +105,7 @@ double clickOneOfAll(const wxString& file)
             click.SetPosition(row.GetPosition() + row.GetSize() / 2);
             list->GetChildren().front()->HandleWindowEvent(click);
         }
+        wxTheApp->ProcessPendingEvents();
         time = milliseconds(Clock::now() - start);
         if (list->GetSelectedItemCount() != 1)
             std::fprintf(stderr, "the click has not selected one style\n");

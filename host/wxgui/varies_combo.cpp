@@ -91,7 +91,7 @@ void VariesCombo::onCharHook(wxKeyEvent& event)
 {
     if (IsPopupShown() && event.GetKeyCode() == WXK_ESCAPE)
         Dismiss();
-    else
+    else if (!IsPopupShown() || !event.ControlDown()) // the dialog's keys have to wait
         event.Skip();
 }
 
@@ -104,8 +104,8 @@ void VariesCombo::onListChar(wxKeyEvent& event)
         event.Skip();
         return;
     }
-    constexpr int timeout = 1000;
-    const wxMilliClock_t now = wxGetLocalTimeMillis();
+    constexpr long timeout = 1000; // milliseconds
+    const long now = event.GetTimestamp();
     if (now - m_prefixTime > timeout)
         m_prefix.clear();
     m_prefixTime = now;

@@ -4,7 +4,6 @@
 #define WXGUI_VARIES_COMBO_H
 
 #include <wx/odcombo.h>
-#include <wx/time.h>
 
 #include <utility>
 
@@ -59,7 +58,7 @@ private:
     bool m_pickedByKey = false;
     /// The letters typed into the open list, and when the last of them was.
     wxString m_prefix;
-    wxMilliClock_t m_prefixTime = 0;
+    long m_prefixTime = 0;
 
     wxDECLARE_CLASS(VariesCombo);
 };

@@ -393,8 +393,9 @@ std::string TableEditor::arrangedStyles()
 }
 
 /// The names that colours may refer to and that have changed: the new name of a renamed style, and
-/// the name of the first style for a deleted one. A name that several styles were read with stays
-/// as long as one of them has it: nothing tells which of them its colours mean.
+/// the name of the first style for a deleted one. Where several styles were read with one name
+/// nothing tells which of them its colours mean: it stays as long as one of them has it, or when
+/// they have got several names.
 std::map<std::wstring, std::wstring> TableEditor::changedNames()
 {
     std::map<std::wstring, std::wstring> names;
@@ -410,27 +411,25 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
         present.insert(style.get());
         presentNames.insert(storableText(style->name().str()));
     }
-    std::set<std::wstring> kept;
-    std::set<std::wstring> deleted;
+    // What has become of each name that styles were read with; a deleted style has none any more.
+    std::map<std::wstring, std::set<std::wstring>> namesNow;
     for (const StyleGroup& group : groups)
     {
         const OdPsPlotStyle& style = *m_origin.styles[group.position];
         const std::wstring original = originalTexts(fieldsOf(group), group.position).name;
-        const std::wstring now = storableText(style.name().str());
-        if (present.count(&style) == 0)
-            deleted.insert(original);
-        else if (now == original)
-            kept.insert(original);
-        else
-            names.emplace(original, now);
+        std::set<std::wstring>& now = namesNow[original];
+        if (present.count(&style) > 0)
+            now.insert(storableText(style.name().str()));
     }
-    // Another style may have taken the place of a deleted one under its name.
     const std::wstring first = storableText(m_styles.front()->name().str());
-    for (const std::wstring& name : deleted)
-        if (presentNames.count(name) == 0)
-            names.emplace(name, first);
-    for (const std::wstring& name : kept)
-        names.erase(name);
+    for (const auto& [original, now] : namesNow)
+    {
+        // Another style may have taken the place of a deleted one under its name.
+        if (now.empty() && presentNames.count(original) == 0)
+            names.emplace(original, first);
+        else if (now.size() == 1 && *now.begin() != original)
+            names.emplace(original, *now.begin());
+    }
     return names;
 }
 

@@ -4,6 +4,7 @@
 #include "support/tables.h"
 
 #include "wxgui/color_combo.h"
+#include "wxgui/color_dialog.h"
 #include "wxgui/image_combo.h"
 
 #include <wx/combobox.h>
@@ -799,6 +800,22 @@ TEST_F(StyleFields, TakeATypedPenForTheWordThatWasClicked)
             EXPECT_TRUE(waitFor([spin] { return spin->GetTextValue() == "12"; }))
                 << spin->GetTextValue();
         });
+}
+
+// Colour 10 is the same red as colour 1.
+TEST_F(StyleFields, ShowAColourUnderItsFirstIndexWhateverWasPickedBefore)
+{
+    const OdPsPlotStyleTablePtr table = colorTable();
+    for (const int style : {1, 2})
+        support::changeData(*table, style,
+                            [](auto& data) { data.color = OdCmEntityColor(255, 0, 0); });
+    EditorDriver& editor = open(table);
+    editor.select({1});
+    EXPECT_EQ(editor.shown("ComboColor"), "Red");
+    find<wxg::ColorCombo>(editor.dialog(), "ComboColor")->setColor(wxg::indexColor(10));
+    EXPECT_EQ(editor.shown("ComboColor"), "Color 10");
+    editor.select({2});
+    EXPECT_EQ(editor.shown("ComboColor"), "Red");
 }
 
 // The word comes back as soon as there is no number, while the user goes on to type.

@@ -151,16 +151,27 @@ void DrivenProgram::clickRow(const std::string& list, int row, std::string_view 
 bool DrivenProgram::tryClickRow(const std::string& list, int row, std::string_view modifier)
 {
     constexpr int insideText = 40;
+    const auto place = rowInView(list, row);
+    if (place)
+        clickAt({place->x + insideText, place->centre().y}, modifier);
+    return place.has_value();
+}
+
+bool DrivenProgram::isRowInView(const std::string& list, int row)
+{
+    return rowInView(list, row).has_value();
+}
+
+std::optional<ScreenRect> DrivenProgram::rowInView(const std::string& list, int row)
+{
     const auto words = ask("row\t" + list + "\t" + std::to_string(row));
     if (words.empty())
-        return false;
+        return std::nullopt;
     const ScreenRect place = placeOf(words);
     const ScreenRect window = control(list).place;
     const int y = place.centre().y;
-    if (y < window.y || y >= window.y + window.height)
-        return false;
-    clickAt({place.x + insideText, y}, modifier);
-    return true;
+    const bool isInView = y >= window.y && y < window.y + window.height;
+    return isInView ? std::optional(place) : std::nullopt;
 }
 
 void DrivenProgram::wheel(const std::string& name, int notches)

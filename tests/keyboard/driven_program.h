@@ -50,6 +50,7 @@ public:
     void type(std::string_view text);
     void click(const std::string& name, std::string_view modifier = "");
     void clickAt(ScreenPoint point, std::string_view modifier = "");
+    bool isRowInView(const std::string& list, int row);
     /// Clicks the text of a row that is scrolled into view. @throw std::runtime_error where it is
     /// not
     void clickRow(const std::string& list, int row, std::string_view modifier = "");
@@ -91,6 +92,7 @@ public:
 private:
     void start(const std::string& program, const std::vector<std::string>& arguments);
     std::string answer(const std::string& request);
+    std::optional<ScreenRect> rowInView(const std::string& list, int row);
 
     support::TempFolder m_folder;
     Hands m_hands;

@@ -283,10 +283,11 @@ bool isButtonPressed(const wxWindow* window)
 {
     constexpr int active = 1; // GTK_STATE_FLAG_ACTIVE
     static const auto stateFlags = gdkFunction<int(WXWidget)>("gtk_widget_get_state_flags");
+    static const auto hasGrab = gdkFunction<int(WXWidget)>("gtk_widget_has_grab");
     const bool isButton = dynamic_cast<const wxAnyButton*>(window) ||
                           dynamic_cast<const wxCheckBox*>(window) ||
                           dynamic_cast<const wxRadioButton*>(window);
-    if (isButton && (stateFlags(window->GetHandle()) & active))
+    if (isButton && ((stateFlags(window->GetHandle()) & active) || hasGrab(window->GetHandle())))
         return true;
     for (const wxWindow* child : window->GetChildren())
         if (isButtonPressed(child))

@@ -8,6 +8,7 @@
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -30,6 +31,16 @@ KeySym symbolOf(std::string_view name)
     if (symbol == NoSymbol)
         throw std::invalid_argument("no such key: " + std::string(name));
     return symbol;
+}
+
+std::vector<KeySym> symbolsOf(std::string_view chord)
+{
+    std::vector<KeySym> symbols;
+    for (std::size_t plus; (plus = chord.find('+')) != std::string_view::npos && plus > 0;
+         chord.remove_prefix(plus + 1))
+        symbols.push_back(symbolOf(chord.substr(0, plus)));
+    symbols.push_back(symbolOf(chord));
+    return symbols;
 }
 
 } // namespace
@@ -98,15 +109,23 @@ void Hands::send(unsigned long symbol, bool down)
 
 void Hands::key(std::string_view chord)
 {
-    std::vector<KeySym> symbols;
-    for (std::size_t plus; (plus = chord.find('+')) != std::string_view::npos && plus > 0;
-         chord.remove_prefix(plus + 1))
-        symbols.push_back(symbolOf(chord.substr(0, plus)));
-    symbols.push_back(symbolOf(chord));
-    for (const KeySym symbol : symbols)
+    hold(chord);
+    letGo(chord);
+}
+
+void Hands::hold(std::string_view chord)
+{
+    for (const KeySym symbol : symbolsOf(chord))
         send(symbol, true);
-    for (auto symbol = symbols.rbegin(); symbol != symbols.rend(); ++symbol)
-        send(*symbol, false);
+    deliver();
+}
+
+void Hands::letGo(std::string_view chord)
+{
+    std::vector<KeySym> symbols = symbolsOf(chord);
+    std::reverse(symbols.begin(), symbols.end());
+    for (const KeySym symbol : symbols)
+        send(symbol, false);
     deliver();
 }
 
@@ -121,17 +140,23 @@ void Hands::type(std::string_view text)
     deliver();
 }
 
-std::string Hands::pixels(const ScreenRect& place)
+double Hands::blueShare(const ScreenRect& place)
 {
     XImage* image = XGetImage(m_display, DefaultRootWindow(m_display), place.x, place.y,
                               static_cast<unsigned>(place.width),
                               static_cast<unsigned>(place.height), AllPlanes, ZPixmap);
     if (!image)
         throw std::runtime_error("no picture of the screen");
-    const std::string bytes(image->data,
-                            static_cast<std::size_t>(image->bytes_per_line * image->height));
+    int blue = 0;
+    for (int y = 0; y < place.height; ++y)
+        for (int x = 0; x < place.width; ++x)
+        {
+            const unsigned long pixel = XGetPixel(image, x, y);
+            constexpr unsigned long difference = 100;
+            blue += (pixel & 0xFF) > (pixel >> 16 & 0xFF) + difference;
+        }
     XDestroyImage(image);
-    return bytes;
+    return double(blue) / (place.width * place.height);
 }
 
 void Hands::moveTo(ScreenPoint point)

@@ -3,7 +3,6 @@
 #ifndef TESTS_KEYBOARD_HANDS_H
 #define TESTS_KEYBOARD_HANDS_H
 
-#include <string>
 #include <string_view>
 
 struct _XDisplay;
@@ -42,14 +41,18 @@ public:
     /// Presses and releases a key with modifiers: "Return", "ctrl+Tab", "alt+l", "shift+Down". Keys
     /// have the X server's names. @throw std::invalid_argument for a key that does not exist
     void key(std::string_view chord);
+    /// Presses the keys of a chord and holds them down, or lets them go.
+    void hold(std::string_view chord);
+    void letGo(std::string_view chord);
     /// Types a text of ASCII characters.
     void type(std::string_view text);
 
     /// Sends a message with a number to a window, behind all input so far.
     void mark(unsigned long window, const char* message, long number);
 
-    /// The pixels of a part of the screen.
-    std::string pixels(const ScreenRect& place);
+    /// The share of a part of the screen, from 0 to 1, that is of a strong blue, as the theme draws
+    /// what is selected.
+    double blueShare(const ScreenRect& place);
 
     void moveTo(ScreenPoint point);
     /// Clicks with the left button, while the modifiers are held ("ctrl", "shift", or "").

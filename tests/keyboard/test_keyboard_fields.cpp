@@ -169,6 +169,19 @@ TEST_F(TypedNumber, LettersGiveTheOldValueBack)
     EXPECT_EQ(savedData(1).physicalPenNumber, 8);
 }
 
+TEST_F(TypedNumber, FractionsGiveTheOldValueBack)
+{
+    openColors();
+    for (const char* field : {"SpinPhysPen", "SpinVirtPen", "SpinScreening"})
+        for (const char* text : {"3,7", "3.7", "1e1"})
+        {
+            typeInto(field, 1, text);
+            editor().clickRow("ListStyles", 2);
+        }
+    editor().key("Escape");
+    EXPECT_EQ(editor().wait(), 1) << "nothing was changed, so nothing is asked";
+}
+
 TEST_F(TypedNumber, AnEmptiedPenIsAutomatic)
 {
     openColors(vary);

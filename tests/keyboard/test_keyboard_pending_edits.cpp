@@ -117,12 +117,16 @@ TEST_F(PendingRename, IsTakenWhenTheWindowIsClosedAndTheQuestionAnswered)
 
 TEST_F(PendingRename, StopsACommandWhenItIsRefusedAndGoesOn)
 {
-    for (const char* command : {"alt+l", "alt+d", "alt+g", "ctrl+Next", "alt+s", "alt+o", "alt+a"})
+    for (const char* command : {"ctrl+Prior", "ctrl+Tab", "ctrl+Next", "alt+l", "alt+d", "alt+g",
+                                "alt+s", "alt+o", "alt+a"})
     {
         openNamed({"A", "B"});
         startRename(2, "a:b");
-        editor().hands().key(command);
+        // The message is there before a user lets the keys go.
+        editor().hands().hold(command);
         ASSERT_TRUE(editor().waitForDialog("cannot contain")) << command;
+        EXPECT_EQ(editor().text("NoteBook"), "Form View") << command << " behind the message";
+        editor().hands().letGo(command);
         editor().key("Return");
         EXPECT_EQ(editor().dialogs().size(), 1u) << command;
         EXPECT_EQ(editor().edit("ListStyles"), "a:b") << command;
@@ -151,6 +155,26 @@ TEST_F(PendingRename, GoesOnAfterARefusalByReturnOrByAClickElsewhere)
     EXPECT_EQ(editor().rows("ListStyles"), (Names{"Normal", "A", "B"}));
     editor().key("Escape");
     EXPECT_EQ(editor().wait(), 1) << "nothing was changed, so nothing is asked";
+}
+
+TEST_F(PendingRename, ScrollsItsRowIntoView)
+{
+    std::vector<std::string> names;
+    for (int i = 1; i < 60; ++i)
+        names.push_back("Style " + std::to_string(i));
+    openNamed(names);
+    editor().clickRow("ListStyles", 1);
+    editor().wheel("ListStyles", 10);
+    ASSERT_FALSE(editor().isRowInView("ListStyles", 1));
+    editor().key("F2");
+    EXPECT_TRUE(editor().isRowInView("ListStyles", 1));
+    retype("Style 2");
+    editor().wheel("ListStyles", 10);
+    editor().hands().key("Return");
+    ASSERT_TRUE(editor().waitForDialog("already exists"));
+    editor().key("Return");
+    EXPECT_EQ(editor().edit("ListStyles"), "Style 2");
+    EXPECT_TRUE(editor().isRowInView("ListStyles", 1));
 }
 
 TEST_F(PendingRename, ToNothingShowsTheNameAgain)
@@ -224,6 +248,29 @@ TEST_F(PendingLineweight, HoldsTheDialogOpenWhenItIsRefusedByAClickOnCancel)
     retype("0.16");
     editor().key("Return");
     EXPECT_EQ(saved()->lineweightAt(5), 0.16);
+}
+
+TEST_F(PendingLineweight, CanBeGivenUpWhereTheTableHoldsWhatIsRefused)
+{
+    openLineweights({250});
+    editor().clickRow("ListLineWeights", 0);
+    editor().key("F2");
+    editor().hands().key("Escape");
+    ASSERT_TRUE(editor().waitForDialog(limitMessage)) << "giving up takes the value that is shown";
+    editor().key("Return");
+    EXPECT_FALSE(editor().edit("ListLineWeights").has_value());
+    editor().key("Escape");
+    EXPECT_EQ(editor().wait(), 1) << "nothing was changed, so nothing is asked";
+}
+
+TEST_F(PendingLineweight, HoldsTheWindowOpenWhenItIsRefused)
+{
+    openLineweights({});
+    startLineweight(5, "999");
+    editor().hands().key("alt+F4");
+    ASSERT_TRUE(editor().waitForDialog(limitMessage));
+    editor().key("Return");
+    EXPECT_EQ(editor().edit("ListLineWeights"), "999");
 }
 
 // A slow click: the button goes up when the message is there already.

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 TEST(Numbers, RealsHaveAPointOrAComma)
 {
     for (const char* text : {"1.5", "1,5"})
@@ -29,6 +31,21 @@ TEST(Numbers, IntegersAreTakenToTheirRange)
     EXPECT_EQ(parseInteger("33", 0, 32), 32);
     for (const char* text : {"", "abc", "12abc", "1.5", "Automatic", "99999999999999999999"})
         EXPECT_FALSE(parseInteger(text, 0, 32)) << text;
+}
+
+TEST(Numbers, AreShownWithAPointInEveryLocale)
+{
+    EXPECT_EQ(fixedText(0.25, 4), "0.2500");
+    EXPECT_EQ(fixedText(-2, 0), "-2");
+    EXPECT_EQ(generalText(1.5), "1.5");
+    EXPECT_EQ(generalText(1234567), "1.23457e+06");
+    if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8"))
+        GTEST_SKIP() << "this system has no locale with a comma";
+    EXPECT_EQ(fixedText(0.25, 4), "0.2500");
+    EXPECT_EQ(generalText(1.5), "1.5");
+    EXPECT_EQ(parseReal("1.5"), 1.5);
+    EXPECT_EQ(parseReal("1,5"), 1.5);
+    std::setlocale(LC_NUMERIC, "C");
 }
 
 TEST(StyleNames, AreWhatAFileCanHold)
@@ -66,7 +83,9 @@ TEST(TypeAheads, LeadToARow)
 {
     const std::vector<wxString> rows{"Axis", "Area", "Beam", "aa"};
     EXPECT_EQ(findTypedRow(rows, 0, "ar", false), 1);
-    EXPECT_EQ(findTypedRow(rows, 3, "A", false), 0) << "the first, wherever one is";
+    EXPECT_EQ(findTypedRow(rows, 3, "Ar", false), 1) << "the first, wherever one is";
+    EXPECT_EQ(findTypedRow(rows, 0, "A", false), 1) << "one letter goes on";
+    EXPECT_EQ(findTypedRow(rows, 3, "A", false), 0) << "and round";
     EXPECT_EQ(findTypedRow(rows, 0, "aa", false), 3) << "a text goes before the next of its letter";
     EXPECT_EQ(findTypedRow(rows, 2, "bb", false), 2) << "the only one again";
     EXPECT_EQ(findTypedRow(rows, -1, "x", false), -1);

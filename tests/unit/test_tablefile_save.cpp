@@ -466,6 +466,10 @@ TEST(SaveNames, ColorsOfANameThatTwoStylesHaveStayWhenOneOfThemGoesOrIsRenamed)
         table->deleteStyle(table->styleAt(twin));
         EXPECT_EQ(firstColors(table), before) << twin;
     }
+    const OdPsPlotStyleTablePtr both = tableOfTwins();
+    both->styleAt(1)->setName(L"Axis");
+    both->styleAt(2)->setName(L"Beam");
+    EXPECT_EQ(firstColors(both), before);
 }
 
 TEST(SaveNames, ColorsThatCanOnlyMeanOneStyleFollowIt)

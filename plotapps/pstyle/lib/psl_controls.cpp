@@ -1,4 +1,4 @@
-// The wheel, and file dialogs.
+// Keys, the wheel, and file dialogs.
 
 #include "psl_controls.h"
 
@@ -8,6 +8,13 @@
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
+
+#include <algorithm>
+
+bool isOneOf(int key, std::initializer_list<int> keys)
+{
+    return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
 
 // Not on the toolkit's own table, whose handler would come after this one.
 // clang-format off

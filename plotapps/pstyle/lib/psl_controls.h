@@ -7,6 +7,8 @@
 #include <wx/window.h>
 #include <wx/xrc/xmlres.h>
 
+#include <initializer_list>
+
 class wxFileDialog;
 
 /// The control of a window with this resource name, which the window's resource has to have.
@@ -15,6 +17,9 @@ Control* findControl(const wxWindow& window, const char* name)
 {
     return wxStaticCast(window.FindWindow(wxXmlResource::GetXRCID(name)), Control);
 }
+
+/// Whether a key is one of several.
+bool isOneOf(int key, std::initializer_list<int> keys);
 
 /// A validator of numbers that leaves the dialog's mnemonics alone. The toolkit's own takes their
 /// letters for letters that are typed into the field, and swallows them.

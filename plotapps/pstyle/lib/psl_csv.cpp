@@ -3,6 +3,7 @@
 #include "psl_csv.h"
 
 #include "psl_lineweights.h"
+#include "psl_numbers.h"
 #include "psl_replace_file.h"
 
 #include "odps/od_ps.h"
@@ -12,24 +13,12 @@
 #include <wx/log.h>
 #include <wx/textfile.h>
 
-#include <array>
-#include <charconv>
 #include <filesystem>
 
 namespace
 {
 
 const char* const separator = ",,";
-
-// A number as "%.6f" or "%g" gives it, but with a point in every locale: a comma would begin the
-// next field.
-wxString number(double value, std::chars_format format)
-{
-    constexpr int precision = 6;
-    std::array<char, 512> text; // the largest number has 309 digits before the point
-    const auto end = std::to_chars(text.begin(), text.end(), value, format, precision).ptr;
-    return wxString::FromUTF8(text.data(), static_cast<size_t>(end - text.data()));
-}
 
 wxString styleLine(const OdPsPlotStyle& style)
 {
@@ -39,9 +28,9 @@ wxString styleLine(const OdPsPlotStyle& style)
         ",%ls,%ls,%ls,%.8X,%d,%d,%d,%d,%s,%d,%d,%d,%d,%d,%d", style.name().c_str(),
         style.localizedName().c_str(), style.description().c_str(), data.color.color(),
         int(data.colorPolicy), int(data.physicalPenNumber), int(data.virtualPenNumber),
-        int(data.screening), number(data.linePatternSize, std::chars_format::general),
-        int(data.linetype), int(data.adaptiveLinetype), lineweightIndex(data.lineweight),
-        int(data.fillStyle), int(data.endStyle), int(data.joinStyle));
+        int(data.screening), generalText(data.linePatternSize), int(data.linetype),
+        int(data.adaptiveLinetype), lineweightIndex(data.lineweight), int(data.fillStyle),
+        int(data.endStyle), int(data.joinStyle));
 }
 
 void addSettings(wxArrayString& lines, const OdPsPlotStyleTable& table, const wxString& fileName)
@@ -49,8 +38,7 @@ void addSettings(wxArrayString& lines, const OdPsPlotStyleTable& table, const wx
     lines.Add("PLOTSTYLE_TABLE,,");
     lines.Add(wxString::Format(",FileName,%ls", fileName));
     lines.Add(wxString::Format(",Description,%ls", table.description().c_str()));
-    lines.Add(
-        wxString::Format(",ScaleFactor,%s", number(table.scaleFactor(), std::chars_format::fixed)));
+    lines.Add(wxString::Format(",ScaleFactor,%s", fixedText(table.scaleFactor(), 6)));
     lines.Add(wxString::Format(",ApplyFactor,%d", int(table.isApplyScaleFactor())));
     lines.Add(wxString::Format(",AciTableAvailable,%d", int(table.isColorDependent())));
     lines.Add(
@@ -80,8 +68,7 @@ void addLineWeights(wxArrayString& lines, const OdPsPlotStyleTable& table)
 {
     lines.Add("LINE_WEIGHTS,,");
     for (int i = 0; i < lineWeightRows; ++i)
-        lines.Add(
-            wxString::Format(",%d,%s", i, number(table.lineweightAt(i), std::chars_format::fixed)));
+        lines.Add(wxString::Format(",%d,%s", i, fixedText(table.lineweightAt(i), 6)));
 }
 
 // The file that a symbolic link leads to: a write would put a plain file in the place of the link.

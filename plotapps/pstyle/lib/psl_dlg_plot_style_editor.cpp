@@ -91,7 +91,13 @@ wxEND_EVENT_TABLE()
     wut::loadDialog(this, parent, "DlgPlotStyleEditor");
 }
 
-DlgPlotStyleEditor::~DlgPlotStyleEditor() = default;
+// The controls go first: they lose the focus on the way, and nothing shall be entered any more.
+DlgPlotStyleEditor::~DlgPlotStyleEditor()
+{
+    m_typedInto = nullptr;
+    m_quietList.reset();
+    DestroyChildren();
+}
 
 // The event is not skipped: the default handling would transfer the values once more.
 void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
@@ -223,9 +229,11 @@ void DlgPlotStyleEditor::replaceCombos()
         ignoreWheelWithoutFocus(findControl<wxWindow>(*this, name));
 }
 
-// The pen fields show words for 0, which the user replaces by typing a number.
+// The pen fields show words for 0, which the user replaces by typing a number. A field of numbers
+// alone would make 37 of "3,7".
 void DlgPlotStyleEditor::preparePens()
 {
+    wxg::allowSpinText(findControl<wxSpinCtrl>(*this, "SpinScreening"));
     for (const char* name : {"SpinPhysPen", "SpinVirtPen"})
     {
         wxSpinCtrl* spin = findControl<wxSpinCtrl>(*this, name);
@@ -374,7 +382,7 @@ void DlgPlotStyleEditor::transferScaleFactor()
 
 wxString DlgPlotStyleEditor::scaleFactorText() const
 {
-    return wxString::FromCDouble(m_table->scaleFactor());
+    return generalText(m_table->scaleFactor());
 }
 
 void DlgPlotStyleEditor::updateFileInfo()

@@ -14,12 +14,12 @@
 
 #include <array>
 #include <functional>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class wxComboBox;
+class wxEventBlocker;
 class wxFileDialog;
 class wxImageList;
 class wxListCtrl;
@@ -60,8 +60,8 @@ private:
         wxListCtrl* list;
         long row;
         wxString text;
-        /// Whether a key or a click ended it, which may be on its way to a command.
-        bool byInput;
+        /// Whether the reason is on the screen.
+        bool isBeingTold;
     };
 
     // The frame and the General page
@@ -123,6 +123,7 @@ private:
     void transferScaleFactor();
     wxString scaleFactorText() const;
 
+    // What the user is still entering
     bool endPendingEntry();
     void showStoredChoices();
     void refuseEdit(wxListEvent& event);
@@ -132,8 +133,6 @@ private:
     void takeTypedNumber();
     static int onFocusLeaves(WXWidget field, void* event, void* editor);
     void onCharHook(wxKeyEvent& event);
-    static bool confirmsByReturn(wxWindow* control);
-    static bool isOneOf(int key, std::initializer_list<int> keys);
     void press(int id);
 
     void updateStyles();
@@ -149,8 +148,8 @@ private:
     bool onStyleKey(const wxKeyEvent& event);
     bool onLineWeightKey(const wxKeyEvent& event);
     void selectAllStyles();
-    void deselectOthers(long row);
     void selectOnly(wxListCtrl* list, long row);
+    void gatherOnce();
     wxString askForStyleName();
     void showStyleName(long row);
     void refuseTakenName(const wxString& name);
@@ -198,6 +197,8 @@ private:
     /// The edit control whose label was refused last, while its edit goes on.
     const void* m_vetoedEdit = nullptr;
     std::optional<RefusedEdit> m_refusedEdit;
+    /// Keeps the style list from telling of every row while the user's input is dealt with.
+    std::unique_ptr<wxEventBlocker> m_quietList;
     /// The number field that the user has typed into and not left yet.
     wxSpinCtrl* m_typedInto = nullptr;
     /// The table's description as its field showed it first; the field cannot show every text.

@@ -32,23 +32,15 @@ bool isCommand(const wxEvent& event)
            std::end(commands);
 }
 
-// Whether what happens now comes from a key or a mouse button that was pressed, as the loss of the
-// focus to the control that it is meant for.
+// Whether what happens now comes from the user or the window manager, not from the program itself.
 bool isHandlingInput()
 {
-    enum // of the toolkit's events, which begin with their type
-    {
-        buttonPress = 4, // GDK_BUTTON_PRESS
-        keyPress = 8     // GDK_KEY_PRESS
-    };
-    const auto currentEvent = gtkFunction<int*()>("gtk_get_current_event");
-    const auto freeEvent = gtkFunction<void(int*)>("gdk_event_free");
-    int* event = currentEvent && freeEvent ? currentEvent() : nullptr;
-    if (!event)
-        return false;
-    const bool isInput = *event == buttonPress || *event == keyPress;
-    freeEvent(event);
-    return isInput;
+    const auto currentEvent = gtkFunction<void*()>("gtk_get_current_event");
+    const auto freeEvent = gtkFunction<void(void*)>("gdk_event_free");
+    void* event = currentEvent && freeEvent ? currentEvent() : nullptr;
+    if (event)
+        freeEvent(event);
+    return event;
 }
 
 using FocusHandler = int (*)(WXWidget field, void* event, void* editor);
@@ -67,12 +59,12 @@ bool DlgPlotStyleEditor::TryBefore(wxEvent& event)
     return true;
 }
 
-// Gives false where the table refused what was entered; the user is then back in the edit. A click
-// on a button takes the focus from the edit, which ends it, before it presses the button; so does
-// the mnemonic of a check box.
+// Gives false where the table refused what was entered; the user is then back in the edit. The edit
+// may have ended before, by the loss of the focus: to a button that was clicked, a check box whose
+// mnemonic was pressed, the window manager that closes the window.
 bool DlgPlotStyleEditor::endPendingEntry()
 {
-    if (m_refusedEdit && m_refusedEdit->byInput)
+    if (m_refusedEdit && (m_refusedEdit->isBeingTold || isHandlingInput()))
         return false;
     m_refusedEdit.reset();
     for (const char* name : {"ListStyles", "ListLineWeights"})
@@ -89,12 +81,14 @@ void DlgPlotStyleEditor::showStoredChoices()
     updateStyleFields();
 }
 
-// The list ends the edit whatever its handler says, so it is begun anew.
+// The list ends the edit whatever its handler says, so it is begun anew; not when the user gave up.
 void DlgPlotStyleEditor::refuseEdit(wxListEvent& event)
 {
     event.Veto();
+    if (event.IsEditCancelled())
+        return;
     m_refusedEdit = {wxStaticCast(event.GetEventObject(), wxListCtrl), event.GetIndex(),
-                     event.GetLabel(), isHandlingInput()};
+                     event.GetLabel(), false};
     CallAfter(&DlgPlotStyleEditor::resumeRefusedEdit);
 }
 
@@ -102,6 +96,9 @@ void DlgPlotStyleEditor::resumeRefusedEdit()
 {
     // The reason comes first: its message would take the focus from the edit. While it is open the
     // host may destroy the editor.
+    if (!m_refusedEdit)
+        return;
+    m_refusedEdit->isBeingTold = true;
     const wxWeakRef<DlgPlotStyleEditor> self(this);
     wxLog::FlushActive();
     if (!self || !m_refusedEdit)
@@ -109,6 +106,7 @@ void DlgPlotStyleEditor::resumeRefusedEdit()
     const RefusedEdit refused = *std::exchange(m_refusedEdit, std::nullopt);
     if (!refused.list->IsShownOnScreen() || refused.row >= refused.list->GetItemCount())
         return;
+    refused.list->EnsureVisible(refused.row);
     if (wxTextCtrl* edit = refused.list->EditLabel(refused.row))
     {
         edit->ChangeValue(refused.text);
@@ -194,6 +192,19 @@ void DlgPlotStyleEditor::takeTypedNumber()
     updateStyleFields();
 }
 
+namespace
+{
+
+// Return confirms the dialog from where it is not a habit of doing something else: not from a list
+// or a field, where it ends an entry, and not from a check box or radio button.
+bool confirmsByReturn(wxWindow* control)
+{
+    const auto* combo = dynamic_cast<wxOwnerDrawnComboBox*>(control);
+    return (combo && !combo->IsPopupShown()) || dynamic_cast<wxNotebook*>(control);
+}
+
+} // namespace
+
 // The keys that mean the same wherever the focus is. A default button would get Return from the
 // fields, too.
 void DlgPlotStyleEditor::onCharHook(wxKeyEvent& event)
@@ -208,25 +219,14 @@ void DlgPlotStyleEditor::onCharHook(wxKeyEvent& event)
     if (turnsPage)
     {
         const bool isBack = isOneOf(key, {WXK_PAGEUP, WXK_NUMPAD_PAGEUP}) || event.ShiftDown();
-        findControl<wxNotebook>(*this, "NoteBook")->AdvanceSelection(!isBack);
+        // The toolkit takes a page change by a program back only with the user's next input.
+        if (endPendingEntry())
+            findControl<wxNotebook>(*this, "NoteBook")->AdvanceSelection(!isBack);
     }
     else if (isReturn && confirmsByReturn(FindFocus()) && FindWindow(wxID_OK)->IsEnabled())
         press(wxID_OK);
     else
         event.Skip();
-}
-
-// Return confirms the dialog from where it is not a habit of doing something else: not from a list
-// or a field, where it ends an entry, and not from a check box or radio button.
-bool DlgPlotStyleEditor::confirmsByReturn(wxWindow* control)
-{
-    const auto* combo = dynamic_cast<wxOwnerDrawnComboBox*>(control);
-    return (combo && !combo->IsPopupShown()) || dynamic_cast<wxNotebook*>(control);
-}
-
-bool DlgPlotStyleEditor::isOneOf(int key, std::initializer_list<int> keys)
-{
-    return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
 // Presses a button as the user would, so that what a click has to go through a key has to, too.

@@ -42,21 +42,29 @@ void showCheck(wxCheckBox* box, int value)
         box->Set3StateValue(state);
 }
 
-// Words stand for 0 in the pen fields; they are put there at idle time.
-void showSpin(wxSpinCtrl* spin, int value)
+// What a pen field shows for 0.
+wxString penWord(bool varies)
+{
+    return varies ? _("Varies") : _("Automatic");
+}
+
+void showSpin(wxSpinCtrl* spin, int value, const wxString& wordForZero)
 {
     const wxString text = spin->GetTextValue();
     const int shown = std::clamp(value, spin->GetMin(), spin->GetMax());
+    const bool isShown =
+        text == wxString::Format("%d", shown) || (shown == 0 && text == wordForZero);
     if (value == fieldUnset)
         spin->SetValue(wxString());
-    else if (text != wxString::Format("%d", shown))
+    else if (!isShown)
         spin->SetValue(shown);
 }
 
 void showValue(wxg::ImageCombo* combo, int value)
 {
     combo->setVaries(value == fieldDiffers);
-    if (combo->value() != value || combo->GetSelection() == wxNOT_FOUND)
+    const bool mayHaveEntry = value != fieldDiffers && combo->GetSelection() == wxNOT_FOUND;
+    if (combo->value() != value || mayHaveEntry)
         combo->setValue(value);
 }
 
@@ -75,15 +83,12 @@ void showColor(wxg::ColorCombo* combo, const Gathered<std::uint32_t>& color)
 {
     combo->setVaries(color.state == color.Differs);
     const std::uint32_t rgb = color.state == color.Same ? color.value : objectColor;
-    const auto shown = combo->color();
-    if (rgb == (shown ? styleRgb(*shown) : objectColor))
-        return;
-    if (rgb == objectColor)
-        combo->setColor(OdCmEntityColor());
-    else if (rgb == 0)
-        combo->setColor(OdCmEntityColor(0, 0, 0));
-    else
-        combo->setColor(shownColor(rgb));
+    const OdCmEntityColor wanted = rgb == objectColor ? OdCmEntityColor()
+                                   : rgb == 0         ? OdCmEntityColor(0, 0, 0)
+                                                      : shownColor(rgb);
+    const OdCmEntityColor shown = combo->color().value_or(OdCmEntityColor());
+    if (wanted.color() != shown.color())
+        combo->setColor(wanted);
 }
 
 void showText(wxTextCtrl* field, const wxString& text)
@@ -121,9 +126,11 @@ void DlgPlotStyleEditor::updateStyleFields()
     showValue(findControl<wxg::ImageCombo>(*this, "ComboFillStyle"), fields.fillStyle);
     m_physicalPenVaries = fields.physicalPen == fieldDiffers;
     m_virtualPenVaries = fields.virtualPen == fieldDiffers;
-    showSpin(findControl<wxSpinCtrl>(*this, "SpinPhysPen"), fields.physicalPen);
-    showSpin(findControl<wxSpinCtrl>(*this, "SpinVirtPen"), fields.virtualPen);
-    showSpin(findControl<wxSpinCtrl>(*this, "SpinScreening"), fields.screening);
+    showSpin(findControl<wxSpinCtrl>(*this, "SpinPhysPen"), fields.physicalPen,
+             penWord(m_physicalPenVaries));
+    showSpin(findControl<wxSpinCtrl>(*this, "SpinVirtPen"), fields.virtualPen,
+             penWord(m_virtualPenVaries));
+    showSpin(findControl<wxSpinCtrl>(*this, "SpinScreening"), fields.screening, wxString());
 }
 
 bool DlgPlotStyleEditor::changeSelectedStyles(const StyleChange& change)
@@ -275,7 +282,7 @@ void DlgPlotStyleEditor::onUpdateUIStyleField(wxUpdateUIEvent& event)
 // typing replaces it. What is being typed is left alone.
 void DlgPlotStyleEditor::updatePenText(wxSpinCtrl* spin, bool varies)
 {
-    const wxString text = varies ? _("Varies") : _("Automatic");
+    const wxString text = penWord(varies);
     const bool isBeingTyped = spin == m_typedInto && !spin->GetTextValue().empty();
     if (isBeingTyped || spin->GetValue() != 0 || spin->GetTextValue() == text)
         return;

@@ -27,8 +27,10 @@ void DlgPlotStyleEditor::onLwEdit(wxCommandEvent&)
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListLineWeights");
     const int row = firstSelected(list);
-    if (row >= 0)
-        list->EditLabel(row);
+    if (row < 0)
+        return;
+    list->EnsureVisible(row);
+    list->EditLabel(row);
 }
 
 bool DlgPlotStyleEditor::onLineWeightKey(const wxKeyEvent& event)

@@ -125,6 +125,7 @@ void DlgPlotStyleEditor::onStyleAdd(wxCommandEvent&)
         index = selected.front();
         model = m_table->styleAt(index);
     }
+    // A host's own look-up may know other names than the styles tell.
     if (index >= m_table->styleCount() ||
         !m_table->findStyleByName(OdString(name.wc_str())).isNull() ||
         isNameTaken(*m_table, name, nullptr))
@@ -159,7 +160,10 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
     }
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     const long row = list->InsertItem(index + 1, name);
-    list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+    {
+        wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_DESELECTED);
+        list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+    }
     list->SetItemState(row, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED,
                        wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
     list->EnsureVisible(row);
@@ -226,26 +230,39 @@ void DlgPlotStyleEditor::bindLists()
     bindKeys("ListLineWeights", &DlgPlotStyleEditor::onLineWeightKey);
 
     wxListCtrl* styles = findControl<wxListCtrl>(*this, "ListStyles");
-    styles->Bind(wxEVT_LEFT_DOWN, &DlgPlotStyleEditor::onStyleListPress, this);
-    styles->Bind(wxEVT_LEFT_DCLICK, &DlgPlotStyleEditor::onStyleListPress, this);
-    styles->Bind(wxEVT_RIGHT_DOWN, &DlgPlotStyleEditor::onStyleListPress, this);
+    for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP, wxEVT_RIGHT_DOWN})
+        styles->Bind(type, &DlgPlotStyleEditor::onStyleListPress, this);
+    styles->Bind(wxEVT_CHAR,
+                 [this](wxKeyEvent& event)
+                 {
+                     event.Skip();
+                     gatherOnce();
+                 });
 }
 
-// Comes before the list itself, which selects a row before it takes the focus from a field. Of many
-// selected rows it would deselect one after the other; so all go at once.
+// Comes before the list itself, which selects a row before it takes the focus from a field.
 void DlgPlotStyleEditor::onStyleListPress(wxMouseEvent& event)
 {
     event.Skip();
     takeTypedNumber();
-    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    if (event.RightDown() || event.HasModifiers() || event.ShiftDown() || list->GetItemCount() == 0)
+    gatherOnce();
+}
+
+// A click or a key may change thousands of rows, and the list tells of each. What the selected
+// styles have in common is gathered once, behind it.
+void DlgPlotStyleEditor::gatherOnce()
+{
+    if (m_quietList)
         return;
-    int flags = 0;
-    const long row = list->HitTest(event.GetPosition(), flags);
-    if (row >= 0 && list->GetItemState(row, wxLIST_STATE_SELECTED) != 0)
-        deselectOthers(row);
-    else
-        deselectOthers(-1);
+    m_quietList = std::make_unique<wxEventBlocker>(findControl<wxListCtrl>(*this, "ListStyles"),
+                                                   wxEVT_LIST_ITEM_SELECTED);
+    m_quietList->Block(wxEVT_LIST_ITEM_DESELECTED);
+    CallAfter(
+        [this]
+        {
+            m_quietList.reset();
+            updateStyleFields();
+        });
 }
 
 bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
@@ -259,7 +276,10 @@ bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
     else if (isPlain && key == WXK_F2)
     {
         if (focused >= 0 && list->GetItemState(focused, wxLIST_STATE_SELECTED) != 0)
+        {
+            list->EnsureVisible(focused);
             list->EditLabel(focused);
+        }
     }
     else if (isPlain && isOneOf(key, {WXK_INSERT, WXK_NUMPAD_INSERT}))
         press(XRCID("BtnStyleAddForm"));
@@ -311,29 +331,15 @@ void DlgPlotStyleEditor::selectAllStyles()
     updateStyleFields();
 }
 
-void DlgPlotStyleEditor::deselectOthers(long row)
-{
-    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    {
-        wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_DESELECTED);
-        for (long other = -1;
-             (other = list->GetNextItem(other, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) != -1;)
-            if (other != row)
-                list->SetItemState(other, 0, wxLIST_STATE_SELECTED);
-    }
-    updateStyleFields();
-}
-
 // By an arrow key, since only its own keys tell the list where a range of rows begins.
 void DlgPlotStyleEditor::selectOnly(wxListCtrl* list, long row)
 {
     constexpr long selectedAndFocused = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
-    if (list == findControl<wxListCtrl>(*this, "ListStyles"))
-        deselectOthers(row);
     const long neighbour = row > 0 ? row - 1 : row + 1;
     const wxWindowList& parts = list->GetChildren();
     const auto rows = std::find_if(parts.begin(), parts.end(),
                                    [](const wxWindow* part) { return part->AcceptsFocus(); });
+    list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
     if (rows != parts.end() && neighbour < list->GetItemCount())
     {
         list->SetItemState(neighbour, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);

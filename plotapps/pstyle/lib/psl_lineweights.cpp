@@ -26,7 +26,7 @@ int lineweightIndex(double stored)
 
 wxString lineWeightText(double millimeters, bool inches)
 {
-    return wxString::FromCDouble(millimeters / (inches ? millimetersPerInch : 1.0), 4);
+    return fixedText(millimeters / (inches ? millimetersPerInch : 1.0), 4);
 }
 
 // The blank before mm and none before the inch mark are intended: so units are written in drawings.

@@ -17,4 +17,10 @@ PSL_API std::optional<double> parseReal(const wxString& text);
 /// @return nothing for a text that is not a whole number
 PSL_API std::optional<int> parseInteger(const wxString& text, int least, int greatest);
 
+/// A number with so many decimals behind a point.
+PSL_API wxString fixedText(double value, int decimals);
+
+/// A number in the shortest form of six significant digits, with a point.
+PSL_API wxString generalText(double value);
+
 #endif

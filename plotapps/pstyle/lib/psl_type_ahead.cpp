@@ -45,8 +45,10 @@ int findTypedRow(const std::vector<wxString>& rows, int current, const wxString&
         const bool exists = number >= 1 && static_cast<size_t>(number) <= rows.size();
         return exists ? number - 1 : -1;
     }
+    const auto next = static_cast<size_t>(current + 1);
+    if (typed.length() == 1)
+        return rowThatBegins(rows, next, typed);
     const int row = rowThatBegins(rows, 0, typed);
-    if (row >= 0 || !isOneCharacterRepeated(typed))
-        return row;
-    return rowThatBegins(rows, static_cast<size_t>(current + 1), typed.Left(1));
+    return row < 0 && isOneCharacterRepeated(typed) ? rowThatBegins(rows, next, typed.Left(1))
+                                                    : row;
 }

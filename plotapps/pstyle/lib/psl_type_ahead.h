@@ -28,7 +28,8 @@ private:
 };
 
 /// The row that a typed text leads to: the first whose text begins with it, without regard to case.
-/// One character typed again and again goes from the current row to the next that begins with it.
+/// One character, or one typed again and again, goes from the current row to the next that begins
+/// with it.
 /// @param current     the row to go on from; -1 for none
 /// @param areNumbered whether the rows are those of colour 1, colour 2 …, and go by their numbers
 /// @return -1 when there is none
