@@ -112,7 +112,9 @@ TEST_F(Dialogs, TheWheelChangesNothingInTheChooserThatHasNotTheFocus)
 TEST_F(Dialogs, TheNewTableDialogHasItsWidthAndMnemonics)
 {
     start({"--new", "ctb", folder.path().string()});
-    EXPECT_EQ(editor().dialogWidth(), 400);
+    // The window manager has a say, and takes its time.
+    EXPECT_TRUE(editor().waitFor([this] { return editor().dialogWidth() == 400; }))
+        << editor().dialogWidth();
     editor().key("alt+n");
     editor().type("made");
     editor().key("alt+l");

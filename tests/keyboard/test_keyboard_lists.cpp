@@ -39,6 +39,19 @@ TEST_F(Lists, DigitsGoToAColour)
     EXPECT_EQ(editor().selected("ListStyles"), Rows{41});
 }
 
+TEST_F(Lists, ATextBeginsAnewAfterOtherKeysAndOtherControls)
+{
+    openColors();
+    search("12");
+    editor().keys({"Tab", "shift+Tab"});
+    ASSERT_EQ(editor().focus(), "ListStyles");
+    editor().type("15");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{14});
+    editor().key("Down");
+    editor().type("21");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{20});
+}
+
 TEST_F(Lists, ATextThatNothingBeginsWithKeepsTheSelection)
 {
     openColors();

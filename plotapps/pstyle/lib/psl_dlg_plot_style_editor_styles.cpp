@@ -296,12 +296,26 @@ bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
 // The list's own search takes a blank for the key that selects a row.
 void DlgPlotStyleEditor::bindTypeAhead(wxListCtrl* list)
 {
-    const auto take = [this, list, typed = TypeAhead()](wxKeyEvent& event) mutable
+    const auto typed = std::make_shared<TypeAhead>();
+    list->Bind(wxEVT_SET_FOCUS,
+               [typed](wxFocusEvent& event)
+               {
+                   event.Skip();
+                   typed->clear();
+               });
+    list->Bind(wxEVT_CHAR_HOOK,
+               [typed](wxKeyEvent& event)
+               {
+                   event.Skip();
+                   if (event.GetKeyCode() > WXK_START && event.GetKeyCode() != WXK_SHIFT)
+                       typed->clear();
+               });
+    const auto take = [this, list, typed](wxKeyEvent& event)
     {
         const wxUniChar character = event.GetUnicodeKey();
         const long time = event.GetTimestamp();
         const bool isText = !event.HasModifiers() && wxIsprint(character);
-        if (!isText || (character == ' ' && !typed.isRunning(time)))
+        if (!isText || (character == ' ' && !typed->isRunning(time)))
         {
             event.Skip();
             return;
@@ -312,7 +326,7 @@ void DlgPlotStyleEditor::bindTypeAhead(wxListCtrl* list)
         const long current = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
         const bool areNumbered = isCtb() && list == findControl<wxListCtrl>(*this, "ListStyles");
         const int row =
-            findTypedRow(rows, static_cast<int>(current), typed.add(character, time), areNumbered);
+            findTypedRow(rows, static_cast<int>(current), typed->add(character, time), areNumbered);
         if (row >= 0)
             selectOnly(list, row);
     };

@@ -21,6 +21,8 @@ public:
     bool isRunning(long time) const { return !m_text.empty() && time - m_last <= pause; }
     /// Adds a character. @return all that has been typed in one go
     const wxString& add(wxUniChar character, long time);
+    /// Lets the next character begin a new text.
+    void clear() { m_text.clear(); }
 
 private:
     wxString m_text;
