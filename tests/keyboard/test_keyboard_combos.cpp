@@ -155,6 +155,20 @@ TEST_F(Combos, AClickPicksTheSecondOfTwoEqualLineweights)
     EXPECT_EQ(savedData(0).lineweight, 4);
 }
 
+TEST_F(Combos, OpenByAClickAfterTheWheelHasPassed)
+{
+    openColors();
+    editor().clickRow("ListStyles", 2);
+    editor().click("SpinVirtPen");
+    for (const char* combo : combos)
+    {
+        editor().wheel(combo, 1);
+        editor().click(combo);
+        EXPECT_TRUE(editor().openList(combo).has_value()) << combo;
+        editor().key("Escape");
+    }
+}
+
 TEST_F(Combos, PagesDoNotTurnUnderAnOpenList)
 {
     openColors();
