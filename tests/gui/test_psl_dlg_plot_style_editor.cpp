@@ -876,7 +876,7 @@ TEST_F(EditorTest, ADescriptionThatTheFieldCannotShowIsNoChange)
 {
     const std::string text = support::colorTableText();
     for (const std::string& description : {std::string("a\0b", 3), std::string("a\rb"),
-                                          std::string("a\x01\tb"), std::string("a\xE4\0", 3)})
+                                           std::string("a\x01\tb"), std::string("a\xE4\0", 3)})
     {
         const std::string bytes = support::pack(
             support::replaced(text, "description=\"\n", "description=\"" + description + "\n"));
@@ -910,8 +910,8 @@ TEST_F(EditorTest, FileDialogsShowTablesInCapitals)
     constexpr int hasName = 4; // GTK_FILE_FILTER_DISPLAY_NAME
     const auto filters =
         reinterpret_cast<List* (*)(WXWidget)>(dlsym(RTLD_DEFAULT, "gtk_file_chooser_list_filters"));
-    const auto shows =
-        reinterpret_cast<int (*)(void*, const Info*)>(dlsym(RTLD_DEFAULT, "gtk_file_filter_filter"));
+    const auto shows = reinterpret_cast<int (*)(void*, const Info*)>(
+        dlsym(RTLD_DEFAULT, "gtk_file_filter_filter"));
     const auto shown = [&](const wxDialog* dialog, const char* name)
     {
         const Info info{hasName, nullptr, nullptr, name, nullptr};
