@@ -243,8 +243,9 @@ protected:
         openColors();
         editor().key("ctrl+Prior");
         editor().click("CheckScale");
+        ASSERT_TRUE(editor().waitFor([this] { return editor().control("TextScale").isEnabled; }));
         editor().key("alt+f");
-        ASSERT_EQ(editor().focus(), "TextScale");
+        ASSERT_TRUE(editor().waitFor([this] { return editor().focus() == "TextScale"; }));
         retype(text);
     }
 };
