@@ -110,9 +110,19 @@ void DrivenProgram::start(const std::string& program, const std::vector<std::str
     _exit(127);
 }
 
+// A user's modifiers are down for a while before the key.
 void DrivenProgram::key(std::string_view chord)
 {
-    m_hands.key(chord);
+    const std::size_t plus = chord.rfind('+');
+    const std::string_view modifiers = plus == std::string_view::npos ? "" : chord.substr(0, plus);
+    if (!modifiers.empty())
+    {
+        m_hands.hold(modifiers);
+        settle();
+    }
+    m_hands.key(modifiers.empty() ? chord : chord.substr(plus + 1));
+    if (!modifiers.empty())
+        m_hands.letGo(modifiers);
     settle();
 }
 

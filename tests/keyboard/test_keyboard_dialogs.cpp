@@ -133,8 +133,7 @@ TEST_F(Dialogs, SaveAsGivesTheExtensionOfTheKind)
     ASSERT_TRUE(editor().waitForDialog("Save Plot Style File As"));
     retype("other");
     editor().hands().key("Return");
-    ASSERT_TRUE(
-        editor().waitFor([this] { return std::filesystem::exists(folder / "other.ctb"); }));
+    ASSERT_TRUE(editor().waitFor([this] { return std::filesystem::exists(folder / "other.ctb"); }));
     EXPECT_FALSE(std::filesystem::exists(folder / "other"));
     editor().settle();
     editor().key("Escape");

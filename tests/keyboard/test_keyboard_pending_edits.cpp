@@ -157,6 +157,27 @@ TEST_F(PendingRename, GoesOnAfterARefusalByReturnOrByAClickElsewhere)
     EXPECT_EQ(editor().wait(), 1) << "nothing was changed, so nothing is asked";
 }
 
+// A click on a selected row begins an edit, too, if nothing else comes for a while.
+TEST_F(PendingRename, IsBegunOnceByASlowClickAndAKey)
+{
+    openNamed({"A", "B"});
+    // Longer than two clicks that are one double click, and than a slow click takes.
+    const auto passTime = [this]
+    {
+        for (int i = 0; i < 150; ++i)
+            editor().key("Shift_L");
+    };
+    editor().clickRow("ListStyles", 2);
+    passTime();
+    editor().clickRow("ListStyles", 2);
+    editor().key("F2");
+    retype("Walls");
+    passTime();
+    EXPECT_EQ(editor().edit("ListStyles"), "Walls");
+    editor().key("Return");
+    EXPECT_EQ(savedNames(), (Names{"Normal", "A", "Walls"}));
+}
+
 TEST_F(PendingRename, ScrollsItsRowIntoView)
 {
     std::vector<std::string> names;

@@ -373,9 +373,15 @@ void DlgPlotStyleEditor::onStyleSelected(wxListEvent&)
 // Colours are named by their numbers and the first style of a named table is "Normal" for good.
 void DlgPlotStyleEditor::onBeginLabelEdit(wxListEvent& event)
 {
+    const auto* list = wxStaticCast(event.GetEventObject(), wxListCtrl);
+    // A slow click begins an edit after a while, in which a key may have begun it.
+    if (list->GetEditControl())
+    {
+        event.Veto();
+        return;
+    }
     m_vetoedEdit = nullptr;
     m_refusedEdit.reset();
-    const wxObject* list = event.GetEventObject();
     if (list == findControl<wxListCtrl>(*this, "ListStyles"))
     {
         if (isCtb() || event.GetIndex() == 0)
