@@ -266,13 +266,12 @@ private:
     void renameAndLeave()
     {
         turnToFormView();
-        if (!isFree() || page() != "Form View" ||
-            !m_program->tryClickRow("ListStyles", 1 + below(5)))
+        const int row = 1 + below(5);
+        if (!isFree() || page() != "Form View" || !m_program->tryClickRow("ListStyles", row))
             return;
         m_program->key("F2");
         if (!m_program->edit("ListStyles"))
             return;
-        const int row = m_program->selected("ListStyles").front();
         const std::string name = "Name " + std::to_string(++m_names);
         note("rename " + std::to_string(row) + " to " + name);
         m_program->key("ctrl+a");
