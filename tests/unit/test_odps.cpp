@@ -251,7 +251,8 @@ TEST(OdPsTable, FindsAStyleByItsNameAsWellAsByItsLocalizedName)
     EXPECT_EQ(table->findStyleByName(L"THIN_RED"), table->styleAt(1));
     EXPECT_EQ(table->findStyleByName(L"thin red"), table->styleAt(1));
     table->styleAt(2)->setName(L"Thin red");
-    EXPECT_EQ(table->findStyleByName(L"Thin red"), table->styleAt(1)) << "what users see goes first";
+    EXPECT_EQ(table->findStyleByName(L"Thin red"), table->styleAt(1))
+        << "what users see goes first";
 }
 
 TEST(OdPsTable, KeysOfAStyleMapOutliveTheCallersTexts)

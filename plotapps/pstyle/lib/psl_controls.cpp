@@ -8,12 +8,19 @@
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
+#include <wx/listctrl.h>
 
 #include <algorithm>
 
 bool isOneOf(int key, std::initializer_list<int> keys)
 {
     return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
+
+wxTextCtrl* editRow(wxListCtrl* list, long row)
+{
+    list->EnsureVisible(row);
+    return list->EditLabel(row);
 }
 
 // Not on the toolkit's own table, whose handler would come after this one.

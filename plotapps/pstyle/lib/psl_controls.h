@@ -10,6 +10,8 @@
 #include <initializer_list>
 
 class wxFileDialog;
+class wxListCtrl;
+class wxTextCtrl;
 
 /// The control of a window with this resource name, which the window's resource has to have.
 template <class Control>
@@ -20,6 +22,9 @@ Control* findControl(const wxWindow& window, const char* name)
 
 /// Whether a key is one of several.
 bool isOneOf(int key, std::initializer_list<int> keys);
+
+/// Begins to edit a row of a list, scrolled into view. @return the control; null when it is refused
+wxTextCtrl* editRow(wxListCtrl* list, long row);
 
 /// A validator of numbers that leaves the dialog's mnemonics alone. The toolkit's own takes their
 /// letters for letters that are typed into the field, and swallows them.

@@ -106,8 +106,7 @@ void DlgPlotStyleEditor::resumeRefusedEdit()
     const RefusedEdit refused = *std::exchange(m_refusedEdit, std::nullopt);
     if (!refused.list->IsShownOnScreen() || refused.row >= refused.list->GetItemCount())
         return;
-    refused.list->EnsureVisible(refused.row);
-    if (wxTextCtrl* edit = refused.list->EditLabel(refused.row))
+    if (wxTextCtrl* edit = editRow(refused.list, refused.row))
     {
         edit->ChangeValue(refused.text);
         edit->SelectAll();

@@ -27,10 +27,8 @@ void DlgPlotStyleEditor::onLwEdit(wxCommandEvent&)
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListLineWeights");
     const int row = firstSelected(list);
-    if (row < 0)
-        return;
-    list->EnsureVisible(row);
-    list->EditLabel(row);
+    if (row >= 0)
+        editRow(list, row);
 }
 
 bool DlgPlotStyleEditor::onLineWeightKey(const wxKeyEvent& event)

@@ -23,13 +23,10 @@
 // the plotting system.
 int findStyle(OdPsPlotStyleTable* table, const wxString& name, bool)
 {
-    const OdPs::OdPsStrLess isLess;
+    const OdString wanted(name.wc_str());
     for (int i = 0; i < table->styleCount(); ++i)
-    {
-        const OdString other = table->styleAt(i)->localizedName();
-        if (!isLess(name.wc_str(), other.c_str()) && !isLess(other.c_str(), name.wc_str()))
+        if (isSameName(wanted, table->styleAt(i)->localizedName()))
             return i;
-    }
     return -1;
 }
 
@@ -276,10 +273,7 @@ bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
     else if (isPlain && key == WXK_F2)
     {
         if (focused >= 0 && list->GetItemState(focused, wxLIST_STATE_SELECTED) != 0)
-        {
-            list->EnsureVisible(focused);
-            list->EditLabel(focused);
-        }
+            editRow(list, focused);
     }
     else if (isPlain && isOneOf(key, {WXK_INSERT, WXK_NUMPAD_INSERT}))
         press(XRCID("BtnStyleAddForm"));
@@ -414,12 +408,11 @@ void DlgPlotStyleEditor::onEndLabelEdit(wxListEvent& event)
 void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
 {
     const wxString invalidCharacters = "<>/\\\":?*|,=`;";
-    const wxString entered = event.GetLabel();
     if (m_table.isNull())
         return;
     // The list takes over what was typed, whether or not it became a name.
     CallAfter([this, row = event.GetIndex()] { showStyleName(row); });
-    const wxString name = storableText(entered);
+    const wxString name = storableText(event.GetLabel());
     const OdPsPlotStylePtr style = m_table->styleAt(static_cast<int>(event.GetIndex()));
     if (name.empty() || name == style->localizedName().c_str())
         return;

@@ -13,16 +13,20 @@ wxString storableText(const wxString& entered)
     return text;
 }
 
-bool isNameTaken(const OdPsPlotStyleTable& table, const wxString& name, const OdPsPlotStyle* style)
+bool isSameName(const OdString& one, const OdString& other)
 {
     const OdPs::OdPsStrLess isLess;
-    const std::wstring wanted = name.ToStdWstring();
-    const auto isWanted = [&](const OdString& other)
-    { return !isLess(wanted.c_str(), other.c_str()) && !isLess(other.c_str(), wanted.c_str()); };
+    return !isLess(one.c_str(), other.c_str()) && !isLess(other.c_str(), one.c_str());
+}
+
+bool isNameTaken(const OdPsPlotStyleTable& table, const wxString& name, const OdPsPlotStyle* style)
+{
+    const OdString wanted(name.wc_str());
     for (int i = 0; i < table.styleCount(); ++i)
     {
         const OdPsPlotStylePtr other = table.styleAt(i);
-        if (other.get() != style && (isWanted(other->name()) || isWanted(other->localizedName())))
+        if (other.get() != style &&
+            (isSameName(wanted, other->name()) || isSameName(wanted, other->localizedName())))
             return true;
     }
     return false;

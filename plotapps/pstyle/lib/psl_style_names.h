@@ -5,6 +5,8 @@
 
 #include "psl_api.h"
 
+#include "odps/od_string.h"
+
 #include <wx/string.h>
 
 class OdPsPlotStyle;
@@ -13,6 +15,9 @@ class OdPsPlotStyleTable;
 /// The text that a table file can hold of one that the user entered: it ends at a NUL, and every
 /// line break (CR LF counts as one) becomes a blank.
 PSL_API wxString storableText(const wxString& entered);
+
+/// Whether two names are one to the plotting system, which does not regard case.
+PSL_API bool isSameName(const OdString& one, const OdString& other);
 
 /// Whether another style than `style` has this text as its name or as its localized name, without
 /// regard to case. The two differ in older tables, where the name has `_` for blanks.
