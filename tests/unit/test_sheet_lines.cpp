@@ -25,13 +25,13 @@ protected:
     SheetLine lineOf(const std::function<void(Data&)>& change)
     {
         support::changeData(*names, 0, change);
-        return sheetLines(*names).at(0);
+        return sheetLines(*names, 1000).at(0);
     }
 
     std::vector<wxString> labels(const OdPsPlotStyleTablePtr& table)
     {
         std::vector<wxString> found;
-        for (const SheetLine& line : sheetLines(*table))
+        for (const SheetLine& line : sheetLines(*table, 1000))
             found.push_back(line.label);
         return found;
     }
@@ -45,7 +45,7 @@ protected:
 
 TEST_F(SheetLines, OfANewColorTableAreOneInAllColors)
 {
-    const auto lines = sheetLines(*colors);
+    const auto lines = sheetLines(*colors, 1000);
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines[0].label, L"1 – 255");
     ASSERT_EQ(lines[0].colors.size(), 255u);
@@ -56,7 +56,7 @@ TEST_F(SheetLines, OfANewColorTableAreOneInAllColors)
 
 TEST_F(SheetLines, OfANewNamedTableAreOneInBlack)
 {
-    const auto lines = sheetLines(*names);
+    const auto lines = sheetLines(*names, 1000);
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines[0].label, "Normal");
     EXPECT_EQ(lines[0].colors, Rgb{0x000000});
@@ -69,7 +69,7 @@ TEST_F(SheetLines, OfANewNamedTableAreOneInBlack)
 TEST_F(SheetLines, OfATableWithoutStylesAreNone)
 {
     names->deleteStyle(names->styleAt(0));
-    EXPECT_TRUE(sheetLines(*names).empty());
+    EXPECT_TRUE(sheetLines(*names, 1000).empty());
 }
 
 TEST_F(SheetLines, GroupEqualNeighbours)

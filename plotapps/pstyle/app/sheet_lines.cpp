@@ -57,9 +57,15 @@ std::vector<std::uint32_t> colorsOf(const OdPsPlotStyleTable& table, int first, 
         return {inkColor(data.color, data)};
     if (!table.isColorDependent())
         return {inkColor(wxg::indexColor(black), data)};
+    constexpr int mostColors = 255;
+    const int count = std::min(last - first + 1, mostColors);
     std::vector<std::uint32_t> colors;
-    for (int style = first; style <= last; ++style)
+    for (int i = 0; i < count; ++i)
+    {
+        const auto distance = static_cast<std::int64_t>(last - first) * i / std::max(count - 1, 1);
+        const int style = first + static_cast<int>(distance);
         colors.push_back(inkColor(wxg::indexColor(style + 1), data));
+    }
     return colors;
 }
 
@@ -91,7 +97,12 @@ wxString nameOf(const OdPsPlotStyleTable& table, int style)
 {
     if (table.isColorDependent())
         return wxString::Format("%d", style + 1);
-    return table.styleAt(style)->localizedName().c_str();
+    // The label shows both ends of a name that it has no room for.
+    constexpr size_t mostOfAnEnd = 100;
+    const wxString name = table.styleAt(style)->localizedName().c_str();
+    if (name.length() <= 2 * mostOfAnEnd)
+        return name;
+    return name.Left(mostOfAnEnd) + name.Right(mostOfAnEnd);
 }
 
 SheetLine lineOf(const OdPsPlotStyleTable& table, int first, int last)
@@ -123,11 +134,11 @@ bool plotAlike(OdPsPlotStyleData a, const OdPsPlotStyleData& b)
 
 } // namespace
 
-std::vector<SheetLine> sheetLines(const OdPsPlotStyleTable& table)
+std::vector<SheetLine> sheetLines(const OdPsPlotStyleTable& table, std::size_t most)
 {
     std::vector<SheetLine> lines;
     int first = 0;
-    for (int next = 1; first < table.styleCount(); ++next)
+    for (int next = 1; first < table.styleCount() && lines.size() < most; ++next)
     {
         if (next < table.styleCount() && plotAlike(dataOf(table, first), dataOf(table, next)))
             continue;

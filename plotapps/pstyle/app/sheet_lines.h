@@ -5,6 +5,7 @@
 
 #include <wx/string.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -28,11 +29,12 @@ struct SheetLine
         Diamond,
     };
 
-    /// The names of the run's first and last style; of a colour-dependent table, the numbers of
-    /// their colours.
+    /// The names of the run's first and last style, of long ones both ends; of a colour-dependent
+    /// table, the numbers of their colours.
     wxString label;
     /// RGB, screened and in grayscale where the style says so. More than one where the styles of a
-    /// colour-dependent table take the colour of the object: then that of each style.
+    /// colour-dependent table take the colour of the object: then that of each style, or of as many
+    /// of them, evenly spread, as a line can show.
     std::vector<std::uint32_t> colors;
     /// In millimetres. An object's own lineweight is drawn as the usual one.
     double width = usualWidth;
@@ -49,6 +51,7 @@ struct SheetLine
 };
 
 /// The lines of a table's sheet, in the order of the styles.
-std::vector<SheetLine> sheetLines(const OdPsPlotStyleTable& table);
+/// @param most  what comes after so many lines is left out: no sheet has room for it
+std::vector<SheetLine> sheetLines(const OdPsPlotStyleTable& table, std::size_t most);
 
 #endif

@@ -20,6 +20,10 @@ constexpr double sheetRatio = 1.41421356; // of the ISO 216 paper sizes
 constexpr double millimetersPerSheet = 50;
 // Wider lines are drawn as wide as this, in millimetres, so that they leave the others visible.
 constexpr double mostWidth = 2.5;
+// No sheet has room for more: its rows are at least a 48th of its height high.
+constexpr int mostColumns = 8;
+constexpr double rowsPerSheet = 48;
+constexpr std::size_t mostLines = mostColumns * static_cast<std::size_t>(rowsPerSheet);
 
 template <auto release>
 struct Release
@@ -66,11 +70,11 @@ struct Grid
     {
         left = top = std::round(height / 20);
         gap = top / 2;
-        const double leastRow = std::max(3.0, height / 48);
+        const double leastRow = std::max(3.0, height / rowsPerSheet);
         const double mostRow = height / 6;
         const double room = height - 2 * top;
         const int mostRows = std::max(1, static_cast<int>(room / leastRow));
-        columns = std::clamp((lines + mostRows - 1) / mostRows, 1, 8);
+        columns = std::clamp((lines + mostRows - 1) / mostRows, 1, mostColumns);
         rows = std::clamp((lines + columns - 1) / columns, 1, mostRows);
         rowHeight = std::min(room / rows, mostRow);
         columnWidth = (width - 2 * left - (columns - 1) * gap) / columns;
@@ -293,7 +297,7 @@ std::string tablePicture(const OdPsPlotStyleTable& table, int size)
     const int width = static_cast<int>(std::lround(size / sheetRatio));
     const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, size));
     const Context context(cairo_create(surface.get()));
-    SheetPainter(context.get(), width, size).draw(sheetLines(table));
+    SheetPainter(context.get(), width, size).draw(sheetLines(table, mostLines));
     std::string bytes;
     const auto append = [](void* to, const unsigned char* data, unsigned length)
     {
