@@ -193,6 +193,27 @@ void benchmark(const std::string& name, const std::string& file)
     benchmarkSaves(folder, *table, "encode, every style changed", "save, every style changed");
 }
 
+/// A table whose styles say nothing: what is changed in them needs a line of its own.
+std::string silentTableText(int count)
+{
+    std::string text = "plot_style{\n";
+    for (int i = 0; i < count; ++i)
+        text += std::to_string(i) + "{\n}\n";
+    return text + "}\n";
+}
+
+void benchmarkAddedLines(int count)
+{
+    support::Container named;
+    named.kind = "STB";
+    const support::TempFolder folder;
+    const OdPsPlotStyleTablePtr table =
+        support::tableOf(support::pack(silentTableText(count), named));
+    std::printf("named, %d styles without a line\n", count);
+    changeAll(*table);
+    benchmarkSaves(folder, *table, "encode, lines in every style", "save, lines in every style");
+}
+
 } // namespace
 
 int main()
@@ -205,5 +226,7 @@ int main()
     for (const int count : {1000, 10000, 100000})
         benchmark("named, " + std::to_string(count) + " styles",
                   support::pack(support::largeTableText(count), named));
+    for (const int count : {4000, 15000, 60000})
+        benchmarkAddedLines(count);
     return 0;
 }

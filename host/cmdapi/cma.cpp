@@ -5,6 +5,7 @@
 #include "odps/od_ps_impl.h"
 #include "tablefile/tablefile.h"
 
+#include <wx/intl.h>
 #include <wx/log.h>
 #include <wx/string.h>
 
@@ -21,12 +22,29 @@ std::string systemPath(const OdString& path)
     return native.empty() ? std::string(text.utf8_str()) : native;
 }
 
-/// Leaves the reason of a failure to a developer who turns the trace on; the caller of the
-/// interface has its own words for the user.
-void traceFailure(const wchar_t* step, const OdString& path, const tablefile::Error& error)
+wxString reasonOf(const tablefile::Error& error)
 {
-    wxLogTrace(wxS("cmdapi"), wxS("%ls %ls: %s at offset %lu"), step, path.c_str(),
-               wxString::FromUTF8(error.what), static_cast<unsigned long>(error.offset));
+    const wxString reason = wxGetTranslation(wxString::FromUTF8(error.what));
+    const auto offset = static_cast<unsigned long>(error.offset);
+    switch (error.place)
+    {
+    case tablefile::Place::File:
+        return wxString::Format(_("%s (at byte %lu of the file)"), reason, offset);
+    case tablefile::Place::Text:
+        return wxString::Format(_("%s (at byte %lu of its text)"), reason, offset);
+    default:
+        return reason;
+    }
+}
+
+/// Leaves the reason of a failure to whoever has turned the trace on; null and false are all that
+/// the interface itself tells.
+bool isDone(const tablefile::Error& error)
+{
+    if (error.status == tablefile::Status::Ok)
+        return true;
+    wxLogTrace(wxS("cmdapi"), wxS("%s"), reasonOf(error));
+    return false;
 }
 
 } // namespace
@@ -34,19 +52,14 @@ void traceFailure(const wchar_t* step, const OdString& path, const tablefile::Er
 OdPsPlotStyleTablePtr cma::loadPlotStyleTable(const OdString& path)
 {
     const tablefile::LoadResult result = tablefile::load(systemPath(path));
-    if (result.error.status != tablefile::Status::Ok)
-        traceFailure(L"load", path, result.error);
-    return result.table;
+    return isDone(result.error) ? result.table : nullptr;
 }
 
 bool cma::savePlotStyleTable(const OdString& path, OdPsPlotStyleTablePtr table)
 {
     if (table.isNull())
         return false;
-    const tablefile::Error error = tablefile::save(systemPath(path), *table);
-    if (error.status != tablefile::Status::Ok)
-        traceFailure(L"save", path, error);
-    return error.status == tablefile::Status::Ok;
+    return isDone(tablefile::save(systemPath(path), *table));
 }
 
 OdPsPlotStyleTablePtr cma::createPlotStyleTable(bool colorDependent, const OdString& description)

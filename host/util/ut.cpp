@@ -2,15 +2,22 @@
 
 #include "util/ut.h"
 
+#include "files/files.h"
+
 #include <wx/arrstr.h>
 #include <wx/fileconf.h>
 #include <wx/filename.h>
+#include <wx/intl.h>
 #include <wx/log.h>
+#include <wx/mstream.h>
+#include <wx/sstream.h>
 #include <wx/stdpaths.h>
 #include <wx/translation.h>
 #include <wx/utils.h>
 
 #include <clocale>
+#include <filesystem>
+#include <libintl.h>
 #include <memory>
 #include <optional>
 
@@ -36,23 +43,93 @@ wxString keyOf(ECfgGroup group, const wxString& name)
     return wxString::Format("/%d/%s", static_cast<int>(group), name);
 }
 
-std::unique_ptr<wxFileConfig> openConfig(const wxString& file)
+/// Notes whether the toolkit finds fault with a file while this lives, be it by a message or by an
+/// assertion that fails.
+class FaultFinder : private wxLog
 {
-    auto config = std::make_unique<wxFileConfig>("pstyle", wxString(), file, wxString(),
-                                                 wxCONFIG_USE_LOCAL_FILE);
+public:
+    FaultFinder()
+        : m_log(wxLog::SetActiveTarget(this))
+        , m_assertHandler(wxSetAssertHandler(onAssert))
+    {
+        s_hasFound = false;
+    }
+    ~FaultFinder() override
+    {
+        wxSetAssertHandler(m_assertHandler);
+        wxLog::SetActiveTarget(m_log);
+    }
+    FaultFinder(const FaultFinder&) = delete;
+    FaultFinder& operator=(const FaultFinder&) = delete;
+
+    bool hasFound() const { return s_hasFound; }
+
+private:
+    void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override
+    {
+        s_hasFound = true;
+    }
+    static void onAssert(const wxString&, int, const wxString&, const wxString&, const wxString&)
+    {
+        s_hasFound = true;
+    }
+
+    inline static bool s_hasFound = false;
+    wxLog* m_log;
+    wxAssertHandler_t m_assertHandler;
+};
+
+struct Config
+{
+    std::unique_ptr<wxFileConfig> values;
+    bool isDamaged = false;
+};
+
+/// Reads a configuration file; one that does not exist is empty.
+/// @throw std::filesystem::filesystem_error when it cannot be read
+Config readConfig(const wxString& file)
+{
+    constexpr size_t mostRead = 1 << 20;
+    const std::string path = file.utf8_string();
+    const std::string bytes = files::kindOf(path) == files::Kind::Nothing
+                                  ? std::string()
+                                  : files::beginningOf(path, mostRead);
+    wxMemoryInputStream stream(bytes.data(), bytes.size());
+    Config config;
+    const FaultFinder faults;
+    config.values = std::make_unique<wxFileConfig>(stream);
     // A value is what it says: a folder may have a $ in its name.
-    config->SetExpandEnvVars(false);
+    config.values->SetExpandEnvVars(false);
+    config.isDamaged = faults.hasFound() || bytes.find('\0') != std::string::npos;
     return config;
+}
+
+/// Tells the user once that the configuration is not used.
+void warnOfConfig(const wxString& file, const wxString& reason)
+{
+    static bool isSaid = false;
+    if (!isSaid)
+        wxLogWarning(_("The configuration file '%s' is not used: %s"), file, reason);
+    isSaid = true;
 }
 
 std::optional<wxString> configured(ECfgGroup group, const wxString& name)
 {
-    const wxLogNull noMessages; // a file that cannot be read defines nothing
     const wxString file = configFile();
-    wxString value;
-    if (!wxFileName::FileExists(file) || !openConfig(file)->Read(keyOf(group, name), &value))
-        return std::nullopt;
-    return value;
+    try
+    {
+        const Config config = readConfig(file);
+        wxString value;
+        if (config.isDamaged)
+            warnOfConfig(file, _("it is damaged"));
+        else if (config.values->Read(keyOf(group, name), &value))
+            return value;
+    }
+    catch (const std::filesystem::filesystem_error& error)
+    {
+        warnOfConfig(file, wxString::FromUTF8(files::reasonOf(error)));
+    }
+    return std::nullopt;
 }
 
 // The program's files lie beside its own folder, in the build tree as in an installation.
@@ -101,18 +178,38 @@ wxString getString(ECfgGroup group, const wxString& name)
 
 bool setString(ECfgGroup group, const wxString& name, const wxString& value)
 {
-    const wxLogNull noMessages; // the caller reports
     const wxFileName file(configFile());
-    if (!file.DirExists() && !file.Mkdir(wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL))
+    const std::string path = file.GetFullPath().utf8_string();
+    try
+    {
+        std::filesystem::create_directories(file.GetPath().utf8_string());
+        Config config = readConfig(file.GetFullPath());
+        if (config.isDamaged)
+        {
+            const std::string kept = files::keepAside(path, _(" (damaged)").utf8_string());
+            wxLogWarning(_("The damaged configuration file was kept as '%s'."),
+                         wxString::FromUTF8(kept));
+            config.values = std::make_unique<wxFileConfig>();
+        }
+        wxStringOutputStream text;
+        if (!config.values->Write(keyOf(group, name), value) || !config.values->Save(text))
+            return false;
+        files::replace(path, text.GetString().utf8_string());
+        return true;
+    }
+    catch (const std::filesystem::filesystem_error& error)
+    {
+        wxLogError("%s", wxString::FromUTF8(files::reasonOf(error)));
         return false;
-    const auto config = openConfig(file.GetFullPath());
-    return config->Write(keyOf(group, name), value) && config->Flush();
+    }
 }
 
 void loadTranslations()
 {
     // For the texts of the desktop's own dialogs. Numbers stay as they are: in the toolkit's hands.
     std::setlocale(LC_MESSAGES, "");
+    // The system's own reasons come in the encoding of all other texts.
+    bind_textdomain_codeset("libc", "UTF-8");
     auto* translations = new wxTranslations; // becomes the toolkit's
     wxTranslations::Set(translations);
     wxFileTranslationsLoader::AddCatalogLookupPathPrefix(besideProgram(PSTYLE_LOCALE_DIR));

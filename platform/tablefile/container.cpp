@@ -90,7 +90,7 @@ std::optional<Buffer> inflate(libdeflate_decompressor* decompressor, std::string
         text.shrink(written);
         return text;
     }
-    throw Error{Status::TooLarge, kStreamOffset, "the text is too long"};
+    throw Error{Status::TooLarge, kStreamOffset, reason("the text is too long"), Place::File};
 }
 
 void putNumber(char* out, std::size_t value)
@@ -110,7 +110,8 @@ std::string_view magicOf(std::string_view file)
 {
     const std::string_view magic = file.substr(0, kMagicSize);
     if (std::find(kMagics.begin(), kMagics.end(), magic) == kMagics.end())
-        throw Error{Status::NotATable, 0, "the file does not begin like a plot style table"};
+        throw Error{Status::NotATable, 0, reason("the file does not begin like a plot style table"),
+                    Place::File};
     return magic;
 }
 
@@ -143,14 +144,15 @@ Buffer unpack(std::string_view file)
         if (std::optional<Buffer> text = inflateAt(offset))
             return std::move(*text);
     }
-    throw Error{Status::NotATable, kStreamOffset, "there is no whole zlib stream"};
+    throw Error{Status::NotATable, kStreamOffset, reason("there is no whole zlib stream"),
+                Place::File};
 }
 
 Buffer pack(std::string_view magic, const std::string& text)
 {
     const std::size_t textSize = text.size() + 1; // with the NUL that ends it
     if (textSize > kMaxText)
-        throw Error{Status::TooLarge, 0, "the text is too long"};
+        throw Error{Status::TooLarge, 0, reason("the text is too long")};
     const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
         libdeflate_alloc_compressor(kCompressionLevel));
     if (!compressor)

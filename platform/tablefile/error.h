@@ -20,14 +20,28 @@ enum class Status
     CannotWrite, ///< the file cannot be written
 };
 
+/// Marks a text as a key of the translation lookup.
+constexpr const char* reason(const char* text)
+{
+    return text;
+}
+
+/// What the offset of a failure counts the bytes of.
+enum class Place
+{
+    Nowhere, ///< the failure has no place, and the offset is 0
+    File,
+    Text, ///< the inflated text
+};
+
 /// A failure, or none. The codec throws it inside and returns it at its borders.
 struct Error
 {
     Status status = Status::Ok;
-    /// Where, where that means something: a position in the file, or in the inflated text.
     std::size_t offset = 0;
-    /// Why, for a developer.
+    /// Why: a key of the translation lookup, or what the system says in the user's language.
     std::string what;
+    Place place = Place::Nowhere;
 };
 
 } // namespace tablefile

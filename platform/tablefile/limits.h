@@ -31,7 +31,8 @@ public:
     {
         m_used += bytes;
         if (m_used > kMaxMemory)
-            throw Error{Status::TooLarge, offset, "the table takes too much memory"};
+            throw Error{Status::TooLarge, offset, reason("the table takes too much memory"),
+                        offset > 0 ? Place::Text : Place::Nowhere};
     }
 
 private:

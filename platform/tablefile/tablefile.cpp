@@ -9,6 +9,7 @@
 #include "tablefile/text_reader.h"
 #include "tablefile/text_writer.h"
 
+#include "files/files.h"
 #include "odps/od_ps_impl.h"
 
 #include <algorithm>
@@ -31,9 +32,13 @@ Error errorOf(const Step& step)
     {
         return error;
     }
+    catch (const std::filesystem::filesystem_error& error)
+    {
+        return {Status::CannotWrite, 0, files::reasonOf(error)};
+    }
     catch (const std::bad_alloc&)
     {
-        return {Status::TooLarge, 0, "out of memory"};
+        return {Status::TooLarge, 0, reason("out of memory")};
     }
 }
 
@@ -121,7 +126,7 @@ Error save(const std::string& path, const OdPsPlotStyleTable& table)
         [&]
         {
             Buffer made;
-            replaceFile(path, bytesOf(table, made));
+            files::replace(path, bytesOf(table, made));
         });
 }
 

@@ -85,6 +85,7 @@ public:
         , m_origin(origin)
         , m_text(origin.text())
         , m_reader(m_text)
+        , m_newLine(m_text.find("\r\n") == std::string_view::npos ? kNewLine : "\r\n")
         , m_styles(table.styles())
         , m_sameStyles(m_styles == origin.styles)
     {
@@ -104,7 +105,6 @@ private:
     void setValue(std::vector<Edit>& edits, const std::array<std::string_view, N>& keys,
                   const std::array<Span, N>& values, std::size_t key, const std::string& value,
                   std::uint32_t first, std::string_view indent) const;
-    std::string_view newLine() const;
     void insertLines(std::vector<Edit>& edits, std::uint32_t position, std::string lines) const;
     void replace(std::vector<Edit>& edits, Span span, std::string text) const;
 
@@ -128,6 +128,7 @@ private:
     const Origin& m_origin;
     std::string_view m_text;
     StyleReader m_reader;
+    std::string_view m_newLine; ///< what the lines of the text end in
     const OdArray<OdPsPlotStylePtr>& m_styles;
     bool m_sameStyles; ///< the same objects in the same order as when the text was read
     std::vector<Edit> m_edits;
@@ -150,12 +151,6 @@ void TableEditor::replace(std::vector<Edit>& edits, Span span, std::string text)
         edits.push_back({span, std::move(text)});
 }
 
-/// What the lines of the text end in.
-std::string_view TableEditor::newLine() const
-{
-    return m_text.find("\r\n") == std::string_view::npos ? kNewLine : "\r\n";
-}
-
 void TableEditor::insertLines(std::vector<Edit>& edits, std::uint32_t position,
                               std::string lines) const
 {
@@ -164,7 +159,7 @@ void TableEditor::insertLines(std::vector<Edit>& edits, std::uint32_t position,
     { return edit.span.begin == position && edit.span.end == position; };
     const bool lacksEnd = position > 0 && m_text[position - 1] != '\n';
     if (lacksEnd && std::none_of(edits.begin(), edits.end(), isThere))
-        lines.insert(0, m_text[position - 1] == '\r' ? kNewLine : newLine());
+        lines.insert(0, m_text[position - 1] == '\r' ? kNewLine : m_newLine);
     edits.push_back({{position, position}, std::move(lines)});
 }
 
@@ -185,7 +180,7 @@ void TableEditor::setValue(std::vector<Edit>& edits, const std::array<std::strin
             position = lineEnd(m_text, values[before - 1].end);
     }
     std::string line(indent);
-    append(line, {keys[key], "=", value, newLine()});
+    append(line, {keys[key], "=", value, m_newLine});
     insertLines(edits, position, std::move(line));
 }
 
@@ -224,14 +219,14 @@ void TableEditor::editLineweights()
         if (rows[row])
             replace(m_edits, rows[row], writeReal(now));
         else
-            appendRow(missing, row, writeReal(now), newLine());
+            appendRow(missing, row, writeReal(now), m_newLine);
     }
     if (missing.empty())
         return;
     if (group)
         return insertLines(m_edits, group.end, std::move(missing));
     missing.clear();
-    appendLineweights(missing, m_table, newLine());
+    appendLineweights(missing, m_table, m_newLine);
     insertLines(m_edits, static_cast<std::uint32_t>(m_text.size()), std::move(missing));
 }
 
@@ -355,7 +350,7 @@ std::string TableEditor::styleText(const PlacedStyle& placed)
     if (!placed.group)
     {
         std::string text;
-        appendStyle(text, placed.number, valuesOf(*placed.style), newLine());
+        appendStyle(text, placed.number, valuesOf(*placed.style), m_newLine);
         return text;
     }
     const Span span = placed.group->span;

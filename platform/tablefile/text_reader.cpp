@@ -22,7 +22,7 @@ using Kind = LineCursor::Kind;
 
 [[noreturn]] void fail(std::size_t offset, const char* what)
 {
-    throw Error{Status::NotATable, offset, what};
+    throw Error{Status::NotATable, offset, what, Place::Text};
 }
 
 /// The value that a reading function of values.h gives for a span of the text.
@@ -38,9 +38,10 @@ Value valueAt(std::string_view text, Span span, bool (*read)(std::string_view, V
 
 std::int64_t integerAt(std::string_view text, Span span, std::int64_t least, std::int64_t most)
 {
-    const std::int64_t value = valueAt(text, span, readInteger, "a value is not an integer");
+    const std::int64_t value =
+        valueAt(text, span, readInteger, reason("a value is not an integer"));
     if (value < least || value > most)
-        fail(span.begin, "an integer is out of range");
+        fail(span.begin, reason("an integer is out of range"));
     return value;
 }
 
@@ -53,13 +54,13 @@ Integer integerAt(std::string_view text, Span span)
 
 bool booleanAt(std::string_view text, Span span)
 {
-    return valueAt(text, span, readBoolean, "a value is neither TRUE nor FALSE");
+    return valueAt(text, span, readBoolean, reason("a value is neither TRUE nor FALSE"));
 }
 
 void decodeText(std::string_view text, Span span, std::wstring& decoded)
 {
     if (span.end - span.begin > kMaxValue)
-        throw Error{Status::TooLarge, span.begin, "a text is too long"};
+        throw Error{Status::TooLarge, span.begin, reason("a text is too long"), Place::Text};
     readText(span.in(text), decoded);
 }
 
@@ -74,7 +75,7 @@ std::uint32_t colorAt(std::string_view text, Span span)
 void nextLine(LineCursor& lines)
 {
     if (!lines.next())
-        fail(lines.end(), "the text ends inside a group");
+        fail(lines.end(), reason("the text ends inside a group"));
 }
 
 /// Goes to the closing line of a group. @param lines stands on the opening line
@@ -162,7 +163,7 @@ OdPsPlotStyleTablePtr TableReader::read()
     while (lines.next())
     {
         if (lines.kind() == Kind::Close)
-            fail(lines.begin(), "a group is closed that was not opened");
+            fail(lines.begin(), reason("a group is closed that was not opened"));
         if (lines.kind() == Kind::Open)
             readGroup(lines);
         if (lines.kind() != Kind::Value)
@@ -174,7 +175,7 @@ OdPsPlotStyleTablePtr TableReader::read()
         hint = key + 1;
     }
     if (!m_origin.group(TableGroup::Styles))
-        fail(m_text.size(), "there are no plot styles");
+        fail(m_text.size(), reason("there are no plot styles"));
     const bool colorDependent = isColorDependent();
     orderStyles(colorDependent);
     auto* const impl = new OdPsPlotStyleTableImpl(colorDependent);
@@ -465,7 +466,7 @@ void forEachRow(std::string_view text, Span group,
 
 double realAt(std::string_view text, Span value)
 {
-    return valueAt(text, value, readReal, "a value is not a finite number");
+    return valueAt(text, value, readReal, reason("a value is not a finite number"));
 }
 
 double defaultLineweight(std::size_t row)

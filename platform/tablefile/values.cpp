@@ -132,7 +132,7 @@ bool readReal(std::string_view value, double& number)
 std::string writeReal(double value)
 {
     if (!std::isfinite(value))
-        throw Error{Status::CannotStore, 0, "a number is not finite"};
+        throw Error{Status::CannotStore, 0, reason("a number is not finite")};
     constexpr std::size_t kLongestFixed = 1100;
     std::array<char, kLongestFixed> digits;
     const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value,
@@ -244,8 +244,8 @@ std::int32_t storedLineweight(double reference)
     if (reference <= 0)
         return 0;
     const double nearest = reference + 0.5;
-    if (!(nearest < static_cast<double>(std::numeric_limits<std::int32_t>::max())))
-        throw Error{Status::CannotStore, 0, "a lineweight reference is out of range"};
+    if (!(nearest < static_cast<double>(std::numeric_limits<std::int32_t>::max()) + 1))
+        throw Error{Status::CannotStore, 0, reason("a lineweight reference is out of range")};
     return static_cast<std::int32_t>(nearest);
 }
 

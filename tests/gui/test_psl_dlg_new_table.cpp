@@ -154,7 +154,8 @@ TEST_F(NewTableTest, ReportsAFolderThatCannotBeWritten)
             EXPECT_EQ(find<wxTextCtrl>(*dialog, "TextTableName")->GetValue(), "Plot1");
         });
     EXPECT_EQ(DlgNewTable(true, missing, nullptr).ShowModal(), wxID_CANCEL);
-    EXPECT_EQ(log.messages(), Messages{"Failed to save file: " + missing + "/Plot1.ctb"});
+    EXPECT_EQ(log.messages(), Messages{"Failed to save file: " + missing + "/Plot1.ctb\n" +
+                                       missing + ": No such file or directory"});
 }
 
 TEST_F(NewTableTest, RunsTheEditorOnTheNewFile)

@@ -611,6 +611,9 @@ TEST_F(EditorTest, SortButtonIsThereOnlyForAListOutOfOrder)
 
 TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
 {
+    const char* const noTable =
+        "the file does not begin like a plot style table (at byte 0 of the file)";
+    const char* const noStream = "there is no whole zlib stream (at byte 60 of the file)";
     const wxString subfolder = folder.file("folder.ctb");
     wxMkdir(subfolder);
     const wxString good = makeTable("good.ctb");
@@ -619,14 +622,18 @@ TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
     {
         const char* name;
         std::string bytes;
+        const char* reason;
     } cases[] = {
-        {"empty.ctb", ""},
-        {"text.stb", "This is a letter.\n"},
-        {"printer.stb", "solid cube\n facet normal 0 0 1\nendsolid cube\n"},
-        {"cut.ctb", bytes.substr(0, bytes.size() / 2)},
-        {"header.ctb", bytes.substr(0, 60)},
-        {"magic.ctb", "X" + bytes.substr(1)},
-        {"bomb.ctb", support::pack(std::string(size_t{64} << 20, ' '))},
+        {"empty.ctb", "", noTable},
+        {"text.stb", "This is a letter.\n", noTable},
+        {"printer.stb", "solid cube\n facet normal 0 0 1\nendsolid cube\n", noTable},
+        {"cut.ctb", bytes.substr(0, bytes.size() / 2), noStream},
+        {"header.ctb", bytes.substr(0, 60), noStream},
+        {"magic.ctb", "X" + bytes.substr(1), noTable},
+        {"bomb.ctb", support::pack(std::string(size_t{64} << 20, ' ')),
+         "the text is too long (at byte 60 of the file)"},
+        {"value.ctb", support::pack("apply_factor=maybe\nplot_style{\n}\n"),
+         "a value is neither TRUE nor FALSE (at byte 13 of its text)"},
     };
     for (const auto& c : cases)
     {
@@ -636,7 +643,9 @@ TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
         Editor editor(file);
         ASSERT_EQ(answers.shown().size(), 1u) << c.name;
         const ShownDialog& box = answers.shown().front();
-        EXPECT_EQ(box.message, "Invalid file format - failed to open plotstyle table file.");
+        EXPECT_EQ(box.message,
+                  wxString("Invalid file format - failed to open plotstyle table file.\n") +
+                      c.reason);
         EXPECT_EQ(box.caption, "Plot Style Table Editor");
         EXPECT_EQ(box.style & (wxOK | wxCANCEL | wxYES_NO | wxICON_MASK), wxOK | wxICON_ERROR);
         expectNoTable(editor);
@@ -661,7 +670,8 @@ TEST_F(EditorTest, AFolderIsNotOverwritten)
     ErrorLog log;
     editor.press(wxID_OK);
     EXPECT_FALSE(editor.hasEnded());
-    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + subfolder});
+    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + subfolder + "\n" +
+                                                    subfolder + ": Is a directory"});
     EXPECT_TRUE(wxDirExists(subfolder));
 }
 
@@ -760,7 +770,8 @@ TEST_F(EditorTest, AFailedSaveIsReportedAndStaysOpen)
     ErrorLog log;
     editor.press(wxID_OK);
     EXPECT_FALSE(editor.hasEnded());
-    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + file});
+    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + file + "\n" +
+                                                    subfolder + ": No such file or directory"});
     EXPECT_TRUE(editor.isModified());
     wxMkdir(subfolder);
     editor.press(wxID_OK);
@@ -790,7 +801,9 @@ TEST_F(EditorTest, AFailedSaveAsStaysWithTheNewName)
     const wxString target = folder.file("missing/100%s.ctb");
     answers.choose(target);
     editor.press("BtnSaveAs");
-    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + target});
+    EXPECT_EQ(log.messages(),
+              std::vector<wxString>{"Failed to save file: " + target + "\n" +
+                                    folder.file("missing") + ": No such file or directory"});
     EXPECT_EQ(editor.GetTitle(), "Plot Style Table Editor - 100%s.ctb");
     EXPECT_TRUE(editor.isModified());
     EXPECT_EQ(loadTable(folder.file("a.ctb"))->description(), OdString());

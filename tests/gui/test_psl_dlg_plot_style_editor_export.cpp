@@ -60,7 +60,9 @@ TEST_F(ExportButton, ReportsAFileThatCannotBeOpened)
     const wxString target = folder.file("missing/100%s.csv");
     answers.choose(target);
     editor.press("BtnExport");
-    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to create or open file: " + target});
+    EXPECT_EQ(log.messages(),
+              std::vector<wxString>{"Failed to create or open file: " + target + "\n" +
+                                    folder.file("missing") + ": No such file or directory"});
     EXPECT_FALSE(editor.isModified());
 }
 

@@ -1,6 +1,7 @@
 // The stand-alone program as its users start it: options, exit status, silence.
 
 #include "support/editor_test.h"
+#include "support/table_maker.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +15,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -418,9 +420,6 @@ TEST_F(WithoutADisplay, RefusesToDrawOverAnotherFile)
     EXPECT_EQ(readBytes(table), before);
     EXPECT_EQ(run({"--picture", table, makeFile("empty", "")}).status, 0)
         << "as the folder view's programs make one beforehand";
-    const wxString pipe = folder.file("pipe");
-    ASSERT_EQ(mkfifo(pipe.utf8_str(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_EQ(run({"--picture", table, pipe}).status, 1);
     EXPECT_EQ(run({"--export", table, table}).status, 1);
     EXPECT_EQ(readBytes(table), before);
 }
@@ -448,11 +447,144 @@ TEST_F(WithoutADisplay, ReportsWhatItCannotDraw)
         EXPECT_EQ(run(arguments).status, 2) << arguments.back();
 }
 
+TEST_F(WithoutADisplay, WritesThroughLinksAndRefusesReadOnlyFiles)
+{
+    const wxString table = makeTable("table.ctb");
+    const wxString targets[] = {folder.file("real.png"), folder.file("real.csv")};
+    const char* const commands[] = {"--picture", "--export"};
+    for (int i = 0; i < 2; ++i)
+    {
+        const wxString& target = targets[i];
+        EXPECT_EQ(run({commands[i], table, target}).status, 0);
+        const std::string bytes = readBytes(target);
+        const std::filesystem::path path(target.utf8_string());
+        const std::filesystem::path link =
+            path.parent_path() / ("link" + path.extension().string());
+        std::filesystem::create_symlink(path.filename(), link);
+        support::writeFile(path, "");
+        EXPECT_EQ(run({commands[i], table, wxString::FromUTF8(link.native())}).status, 0);
+        EXPECT_TRUE(std::filesystem::is_symlink(link));
+        EXPECT_EQ(readBytes(target), bytes);
+        std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+        const Result refused = run({commands[i], table, target});
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_EQ(refused.errors, "pstyle: Failed to create or open file: " + path.native() + ": " +
+                                      path.native() + ": Permission denied\n");
+        EXPECT_EQ(readBytes(target), bytes);
+    }
+}
+
+TEST_F(WithoutADisplay, WritesIntoStandardOutputByItsName)
+{
+    const wxString table = makeTable("table.ctb");
+    const Result text = run({"--export", table, "/dev/stdout"});
+    EXPECT_EQ(text.status, 0) << text.errors;
+    EXPECT_EQ(text.output, run({"--export", table}).output);
+    const Result picture = run({"--picture", table, "/dev/stdout"});
+    EXPECT_EQ(picture.status, 0) << picture.errors;
+    EXPECT_EQ(picture.output.substr(1, 3), "PNG");
+    EXPECT_TRUE(std::filesystem::is_symlink("/dev/stdout"));
+    EXPECT_EQ(run({"--export", table, "/dev/full"}).errors,
+              "pstyle: Failed to save file: /dev/full: /dev/full: No space left on device\n");
+}
+
+TEST_F(WithoutADisplay, LeavesPathsToTheSystem)
+{
+    const wxString table = makeTable("table.ctb");
+    const std::filesystem::path base(folder.path().utf8_string());
+    std::filesystem::create_directories(base / "elsewhere/sub");
+    std::filesystem::create_symlink("elsewhere/sub", base / "link");
+    support::writeFile(base / "a.csv", "");
+    EXPECT_EQ(run({"--export", table, folder.file("link/../a.csv")}).status, 0);
+    EXPECT_EQ(readBytes(folder.file("a.csv")), "");
+    EXPECT_NE(readBytes(folder.file("elsewhere/a.csv")), "");
+    std::filesystem::create_directory(base / "~");
+    std::filesystem::copy_file(table.utf8_string(), base / "~/b.ctb");
+    const std::string command = "cd '" + base.native() +
+                                "' && '" PSTYLE_PROGRAM
+                                "' --picture '~/b.ctb' './~/b.png' --size 64";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_TRUE(wxFileExists(folder.file("~/b.png")));
+}
+
+TEST_F(WithoutADisplay, ExportsOverNothingButExports)
+{
+    const wxString table = makeTable("table.ctb");
+    const wxString fresh = folder.file("fresh.csv");
+    for (const wxString& target : {fresh, fresh, makeFile("empty.csv", "")})
+        EXPECT_EQ(run({"--export", table, target}).status, 0) << target;
+    for (const std::string& other :
+         {std::string("a,b\n"), std::string("\x89PNG\r\n\x1A\n"), readBytes(table)})
+    {
+        const wxString target = makeFile("other", other);
+        const Result result = run({"--export", table, target});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_NE(result.errors.find(": The file is "), std::string::npos) << result.errors;
+        EXPECT_EQ(readBytes(target), other);
+    }
+    // An export of any size is an export, by its first line.
+    const std::string before = readBytes(fresh);
+    makeFile("fresh.csv", before + std::string(100000, 'x'));
+    std::filesystem::resize_file(fresh.utf8_string(), std::uintmax_t{600} << 20);
+    EXPECT_EQ(run({"--export", table, fresh}).status, 0);
+    EXPECT_EQ(readBytes(fresh), before);
+}
+
+TEST_F(Program, CreatesACopyOnlyWhereThereIsNothing)
+{
+    const wxString source = makeTable("a.ctb");
+    const wxString copy = makeTable("b.ctb", describe(L"mine"));
+    const std::string before = readBytes(copy);
+    const Result exists = run({"--source", source, copy});
+    EXPECT_EQ(exists.status, 2);
+    EXPECT_EQ(exists.errors, "pstyle: " + copy.utf8_string() + " exists already\n");
+    EXPECT_EQ(readBytes(copy), before);
+    const wxString names = makeTable("names.stb");
+    for (const auto& [from, to] :
+         {std::pair{source, "new.stb"}, std::pair{source, "new"}, std::pair{names, "new.ctb"}})
+    {
+        const Result result = run({"--source", from, folder.file(to)});
+        EXPECT_EQ(result.status, 2);
+        EXPECT_NE(result.errors.find("needs the extension"), std::string::npos) << result.errors;
+    }
+    const Result damaged = run({"--source", makeFile("bad.ctb", "x"), folder.file("new.ctb")});
+    EXPECT_EQ(damaged.status, 1);
+    EXPECT_NE(damaged.errors.find("is not a plot style table: the file does not begin"),
+              std::string::npos)
+        << damaged.errors;
+}
+
+TEST_F(WithoutADisplay, SaysThatMemoryIsOut)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer's own memory is in the way";
+#endif
+    support::Container named;
+    named.kind = "STB";
+    const wxString table =
+        makeFile("large.stb", support::pack(support::largeTableText(60000), named));
+    // Enough for the libraries, with which the program begins, but not for the work.
+    int told = 0;
+    for (int megabytes = 60; megabytes <= 400; megabytes += 20)
+    {
+        const std::string command = "ulimit -v " + std::to_string(megabytes * 1024) + "; '" +
+                                    PSTYLE_PROGRAM + "' --export '" + table.utf8_string() +
+                                    "' 2>'" + folder.file("errors").utf8_string() + "' >/dev/null";
+        const int status = std::system(command.c_str());
+        EXPECT_TRUE(WIFEXITED(status)) << megabytes;
+        EXPECT_LT(WEXITSTATUS(status), 128) << megabytes << readBytes(folder.file("errors"));
+        told += readBytes(folder.file("errors")).find("out of memory") != std::string::npos;
+    }
+    EXPECT_GT(told, 0);
+}
+
 TEST_F(WithoutADisplay, SpeaksTheUsersLanguage)
 {
     environment.push_back({"LANGUAGE", "de"});
     EXPECT_EQ(run({"--export", makeFile("text.ctb", "no table")}).errors,
-              "pstyle: " + folder.file("text.ctb").utf8_string() + " ist keine Plotstiltabelle\n");
+              "pstyle: " + folder.file("text.ctb").utf8_string() +
+                  " ist keine Plotstiltabelle: "
+                  "die Datei beginnt nicht wie eine Plotstiltabelle (bei Byte 0 der Datei)\n");
     EXPECT_NE(run({"--help"}).output.find("Aufruf: pstyle"), std::string::npos);
     EXPECT_EQ(run({"--nonsense"}).errors,
               "pstyle: unbekannte Option --nonsense\npstyle: siehe „pstyle --help“\n");

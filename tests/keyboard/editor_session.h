@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-/// Tests in which the editor is opened on a file. Whatever the program writes to standard error,
-/// and any assertion of the toolkit, fails them.
+/// Tests in which the editor is opened on a file. Whatever the program's libraries write to
+/// standard error, and any assertion of the toolkit, fails them.
 class EditorSession : public testing::Test
 {
 protected:

@@ -54,6 +54,15 @@ class Export : public testing::Test
 protected:
     wxString path(const char* name) const { return wxString::FromUTF8((folder / name).string()); }
 
+    /// Exports over texts of any kind, and sees that there is a reason for every failure.
+    static CsvExport::Result exportResult(const OdPsPlotStyleTable& table, const wxString& name,
+                                          const wxString& path)
+    {
+        const CsvExport done = exportCsv(table, name, path, Replaceable::Texts);
+        EXPECT_EQ(done.reason.empty(), done.result == CsvExport::Done);
+        return done.result;
+    }
+
     const wxInitializer toolkit;
     const support::TempFolder folder;
     const OdPsPlotStyleTablePtr names = cma::createPlotStyleTable(false, L"");
@@ -138,13 +147,13 @@ TEST_F(Export, IsWrittenAsUtf8WithoutAMarkAndReplacesTheFile)
     support::writeFile(folder / "old.csv", std::string(10000, 'x'));
     for (const char* name : {"new.csv", "old.csv"})
     {
-        EXPECT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", path(name)));
+        EXPECT_EQ(CsvExport::Done, exportResult(*names, "a.stb", path(name)));
         const std::string bytes = support::readFile(folder / name);
         EXPECT_EQ(bytes.substr(0, 40), "PLOTSTYLE_TABLE,,\n,FileName,a.stb\n,Descr");
         EXPECT_NE(bytes.find(",Description,größer\n"), std::string::npos);
         EXPECT_EQ(bytes.back(), '\n');
         EXPECT_EQ(bytes.find('\r'), std::string::npos);
-        EXPECT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", path(name)));
+        EXPECT_EQ(CsvExport::Done, exportResult(*names, "a.stb", path(name)));
         EXPECT_EQ(support::readFile(folder / name), bytes) << "a second time";
     }
 }
@@ -153,7 +162,7 @@ TEST_F(Export, WritesThroughASymbolicLink)
 {
     support::writeFile(folder / "real.csv", "old");
     std::filesystem::create_symlink("real.csv", folder / "link.csv");
-    EXPECT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", path("link.csv")));
+    EXPECT_EQ(CsvExport::Done, exportResult(*names, "a.stb", path("link.csv")));
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.csv"));
     EXPECT_EQ(support::readFile(folder / "real.csv").substr(0, 15), "PLOTSTYLE_TABLE");
 }
@@ -161,15 +170,15 @@ TEST_F(Export, WritesThroughASymbolicLink)
 TEST_F(Export, LeavesWhatIsNoFileAlone)
 {
     ASSERT_EQ(mkfifo((folder / "pipe.csv").c_str(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", path("pipe.csv")));
+    EXPECT_EQ(CsvExport::NotOpened, exportResult(*names, "a.stb", path("pipe.csv")));
     EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe.csv"));
 }
 
 TEST_F(Export, FailsWhereNoFileCanBe)
 {
-    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", path("missing/a.csv")));
+    EXPECT_EQ(CsvExport::NotOpened, exportResult(*names, "a.stb", path("missing/a.csv")));
     std::filesystem::create_directory(folder / "folder.csv");
-    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", path("folder.csv")));
+    EXPECT_EQ(CsvExport::NotOpened, exportResult(*names, "a.stb", path("folder.csv")));
     EXPECT_TRUE(std::filesystem::is_empty(folder / "folder.csv"));
 }
 
@@ -177,14 +186,14 @@ TEST_F(Export, RefusesToReplaceATable)
 {
     const wxString table = path("a.stb");
     ASSERT_TRUE(cma::savePlotStyleTable(OdString(table.wc_str()), names));
-    EXPECT_EQ(CsvExport::NotOpened, exportCsv(*names, "a.stb", table));
+    EXPECT_EQ(CsvExport::NotOpened, exportResult(*names, "a.stb", table));
     EXPECT_FALSE(cma::loadPlotStyleTable(OdString(table.wc_str())).isNull());
 }
 
 TEST_F(Export, LeavesTheOldFileWhereTheNewOneCannotBeWritten)
 {
     const wxString old = path("old.csv");
-    ASSERT_EQ(CsvExport::Done, exportCsv(*names, "a.stb", old));
+    ASSERT_EQ(CsvExport::Done, exportResult(*names, "a.stb", old));
     const auto size = wxFileName::GetSize(old);
     // As on a full disk.
     rlimit whole{};
@@ -192,8 +201,8 @@ TEST_F(Export, LeavesTheOldFileWhereTheNewOneCannotBeWritten)
     const rlimit small{100, whole.rlim_max};
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &small);
-    const CsvExport again = exportCsv(*colours, "b.ctb", old);
-    const CsvExport fresh = exportCsv(*colours, "b.ctb", path("new.csv"));
+    const auto again = exportResult(*colours, "b.ctb", old);
+    const auto fresh = exportResult(*colours, "b.ctb", path("new.csv"));
     setrlimit(RLIMIT_FSIZE, &whole);
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(again, CsvExport::NotWritten);

@@ -7,10 +7,13 @@
 #include <gtest/gtest.h>
 
 #include <wx/arrstr.h>
+#include <wx/dir.h>
+#include <wx/filename.h>
 #include <wx/init.h>
 #include <wx/utils.h>
 
 #include <algorithm>
+#include <unistd.h>
 #include <vector>
 
 namespace
@@ -100,6 +103,84 @@ TEST_F(Files, OfHiddenFoldersAreListedAndNamesMayRepeat)
     make(".ctb");
     EXPECT_EQ(getPlotStyleFiles(files), 3u);
     EXPECT_EQ(sorted(files), (Names{".b.stb", "a.ctb", "a.ctb"}));
+}
+
+TEST_F(Files, AreListedInTheOrderOfTheToolkitsTraversal)
+{
+    for (const char* name :
+         {"a/z.ctb", "a/b/y.stb", "c/.d/x.ctb", "w.ctb", ".v.stb", "u.txt", "t.CTB"})
+        make(name);
+    std::filesystem::create_symlink("nowhere.ctb", folder / "dangling.ctb");
+    std::filesystem::create_directory_symlink("a/b", folder / "link");
+    std::filesystem::create_directory(folder / "folder.ctb");
+
+    struct Everything : wxDirTraverser
+    {
+        wxDirTraverseResult OnFile(const wxString& path) override
+        {
+            const wxFileName file(path);
+            if (wxString("ctb stb").Contains(file.GetExt().Lower()) && !file.GetExt().empty())
+                names.Add(file.GetFullName());
+            return wxDIR_CONTINUE;
+        }
+        wxDirTraverseResult OnDir(const wxString&) override { return wxDIR_CONTINUE; }
+        wxArrayString names;
+    } everything;
+    wxDir(wxString::FromUTF8(folder.path().string()))
+        .Traverse(everything, wxString(), wxDIR_FILES | wxDIR_DIRS | wxDIR_HIDDEN);
+    getPlotStyleFiles(files);
+    EXPECT_EQ(files.size(), 8u) << "one of them by way of the link, too";
+    EXPECT_TRUE(files == everything.names);
+}
+
+TEST_F(Files, AreListedOnceWhereLinksLeadInCircles)
+{
+    make("x.ctb");
+    make("sub/deeper/y.ctb");
+    std::filesystem::create_directory_symlink(".", folder / "a");
+    std::filesystem::create_directory_symlink(".", folder / "b");
+    std::filesystem::create_directory_symlink("../..", folder / "sub/deeper/up");
+    std::filesystem::create_directory_symlink(folder.path(), folder / "sub/root");
+    EXPECT_EQ(getPlotStyleFiles(files), 2u);
+}
+
+// In every folder two links lead to the next one, so that there are 2^30 ways to the last.
+TEST_F(Files, AreListedAFewTimesWhereThereAreCountlessWaysToThem)
+{
+    constexpr int depth = 30;
+    for (int i = 0; i < depth; ++i)
+    {
+        const std::filesystem::path here = folder / ("d" + std::to_string(i));
+        const std::string next = "../d" + std::to_string(i + 1);
+        std::filesystem::create_directory(here);
+        std::filesystem::create_directory_symlink(next, here / "one");
+        std::filesystem::create_directory_symlink(next, here / "two");
+    }
+    make(("d" + std::to_string(depth) + "/a.ctb").c_str());
+    const size_t count = getPlotStyleFiles(files);
+    EXPECT_GE(count, 1u);
+    EXPECT_LE(count, 16u);
+}
+
+TEST_F(Files, OfTheSystemItselfAreNoTables)
+{
+    make("x.ctb");
+    std::filesystem::create_directory_symlink("/proc", folder / "processes");
+    std::filesystem::create_directory_symlink("/proc/self", folder / "self");
+    std::filesystem::create_directory_symlink("/sys", folder / "system");
+    EXPECT_EQ(getPlotStyleFiles(files), 1u);
+    configure("/proc");
+    EXPECT_EQ(getPlotStyleFiles(files), 1u);
+}
+
+TEST_F(Files, InFoldersThatCannotBeReadArePassedOver)
+{
+    make("x.ctb");
+    make("closed/y.ctb");
+    std::filesystem::permissions(folder / "closed", std::filesystem::perms::none);
+    const size_t most = geteuid() == 0 ? 2 : 1;
+    EXPECT_EQ(getPlotStyleFiles(files), most);
+    std::filesystem::permissions(folder / "closed", std::filesystem::perms::owner_all);
 }
 
 TEST_F(Files, FolderComesFromTheEnvironmentThenTheConfigurationThenTheProgram)

@@ -53,11 +53,13 @@ constexpr int kDone = 0;
 constexpr int kFailed = 1;
 constexpr int kNotPossible = 2;
 
-/// Saves where that must fail. @return kDone when it did, with the expected reason
-int failsToSave(const fs::path& path, const char* why)
+/// Saves where that must fail. @param culprit  the path that the reason has to name
+/// @return kDone when it did, with the expected reason
+int failsToSave(const fs::path& path, const fs::path& culprit, const std::string& why)
 {
     const tablefile::Error error = tablefile::save(path.string(), *changedTable());
-    const bool isExpected = error.status == Status::CannotWrite && error.what == why;
+    const bool isExpected =
+        error.status == Status::CannotWrite && error.what == culprit.string() + ": " + why;
     if (!isExpected)
         std::fprintf(stderr, "the reason was \"%s\"\n", error.what.c_str());
     return isExpected ? kDone : kFailed;
@@ -234,7 +236,7 @@ TEST(Disk, AReadOnlyFileIsNotReplaced)
     writeFile(path, "old");
     ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
     openToAll(folder);
-    EXPECT_EQ(asOrdinaryUser([&path] { return failsToSave(path, "replace: Permission denied"); }),
+    EXPECT_EQ(asOrdinaryUser([&path] { return failsToSave(path, path, "Permission denied"); }),
               kDone);
     EXPECT_EQ(readFile(path), "old");
     EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"a.ctb"});
@@ -248,7 +250,7 @@ TEST(Disk, AFolderWithoutWritePermission)
     ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
     ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
     const int result =
-        asOrdinaryUser([&path] { return failsToSave(path, "create: Permission denied"); });
+        asOrdinaryUser([&] { return failsToSave(path, folder.path(), "Permission denied"); });
     ASSERT_EQ(::chmod(folder.path().c_str(), 0700), 0);
     EXPECT_EQ(result, kDone);
     EXPECT_EQ(readFile(path), "old");
@@ -265,7 +267,7 @@ TEST(Disk, AFileSizeLimit)
         // The signal that a write beyond the limit raises would end the process.
         constexpr rlim_t kMostBytes = 1000;
         const struct rlimit limit = {kMostBytes, kMostBytes};
-        return ::setrlimit(RLIMIT_FSIZE, &limit) == 0 ? failsToSave(path, "write: File too large")
+        return ::setrlimit(RLIMIT_FSIZE, &limit) == 0 ? failsToSave(path, path, "File too large")
                                                       : kNotPossible;
     };
     EXPECT_EQ(inProcess(saveWithLimit), kDone);
@@ -287,7 +289,7 @@ TEST(Disk, AFullDisk)
         writeFile(path, "old");
         writeFile(folder / "filler", std::string(12 * 1024 - 1, 'x'));
         std::ofstream(folder / "more") << std::string(64 * 1024, 'x');
-        const int result = failsToSave(path, "write: No space left on device");
+        const int result = failsToSave(path, path, "No space left on device");
         const bool isAsItWas = readFile(path) == "old" && namesIn(folder.path()).size() == 3;
         return isAsItWas ? result : kFailed;
     };

@@ -2,13 +2,16 @@
 // expect it.
 
 #include "support/tables.h"
+#include "support/test_files.h"
 
 #include "odps/od_ps_impl.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <unistd.h>
 
 using namespace support;
 
@@ -581,6 +584,41 @@ TEST(SaveNew, EveryValueComesBack)
     EXPECT_EQ(again->styleAt(1)->localizedName(), OdString(L"Other"));
     EXPECT_EQ(again->styleAt(1)->description(), OdString(L"Text"));
     EXPECT_EQ(dataOf(*again, 1), data);
+}
+
+TEST(SaveChanged, AReferenceAsLargeAsAnyCanBe)
+{
+    for (const char* const stored : {"2147483647", "-2147483648", "2147483646"})
+    {
+        const std::string line = std::string("  lineweight=") + stored + "\n";
+        const std::string text = replaced(namedTableText({"Normal"}), "  lineweight=0\n", line);
+        const OdPsPlotStyleTablePtr table = tableOfText(text, "STB");
+        changeData(*table, 0, [](Data& data) { data.screening = 50; });
+        EXPECT_EQ(changedLines(text, textOf(*table)), Lines{"  screen=100 ->   screen=50"})
+            << stored;
+    }
+}
+
+// Each of them gets a line of its own, in whose place the kind of line ends once was looked for in
+// the whole text.
+TEST(SaveChanged, SixtyThousandStylesGetALineEach)
+{
+    constexpr int kCount = 60000;
+    constexpr unsigned kPatience = 60; // seconds, where it once took more with every style
+    const int result = inProcess(
+        []
+        {
+            ::alarm(kPatience);
+            std::string text = "plot_style{\n";
+            for (int i = 0; i < kCount; ++i)
+                text += std::to_string(i) + "{\n}\n";
+            const OdPsPlotStyleTablePtr table = tableOfText(text + "}\n", "STB");
+            for (int i = 0; i < kCount; ++i)
+                changeData(*table, i, [](Data& data) { data.screening = 50; });
+            const std::vector<std::string> lines = splitLines(textOf(*table));
+            return std::count(lines.begin(), lines.end(), "  screen=50") == kCount ? 0 : 1;
+        });
+    EXPECT_EQ(result, 0);
 }
 
 TEST(SaveRefused, WhatTheReaderWouldRefuse)

@@ -5,16 +5,16 @@
 
 #include "psl.h"
 #include "psl_csv.h"
-#include "psl_replace_file.h"
+#include "psl_host_reason.h"
 
 #include "cmdapi/cma.h"
+#include "files/files.h"
 #include "util/ut.h"
 
 #include <wx/app.h>
 #include <wx/arrstr.h>
 #include <wx/filename.h>
 #include <wx/image.h>
-#include <wx/imagpng.h>
 #include <wx/init.h>
 #include <wx/intl.h>
 #include <wx/log.h>
@@ -23,7 +23,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
+#include <memory>
+#include <new>
 
 namespace
 {
@@ -37,9 +40,10 @@ enum ExitStatus
     exitUsage = 2,
 };
 
-// Says what there is to say on standard error, and gives the exit status for it.
-int say(ExitStatus status, const wxString& message)
+// Says what there is to say on standard error, in one line, and gives the exit status for it.
+int say(ExitStatus status, wxString message)
 {
+    message.Replace("\n", ": ");
     std::fprintf(stderr, "pstyle: %s\n", static_cast<const char*>(message.utf8_str()));
     return status;
 }
@@ -54,26 +58,72 @@ int print(const wxArrayString& lines)
     return exitDone;
 }
 
-// File names are UTF-8, like everything else on the systems that the program runs on.
+// File names are UTF-8, like everything else on the systems that the program runs on. The system
+// alone knows what ".." means behind a symbolic link, so it stays, and "~" is a name like any
+// other: where it is more, the shell has dealt with it.
 wxString fullPath(const std::string& argument)
 {
     if (argument.empty())
         return wxString();
-    wxFileName name(wxString::FromUTF8(argument));
-    name.MakeAbsolute();
-    return name.GetFullPath();
+    std::filesystem::path path;
+    for (const std::filesystem::path& part : std::filesystem::absolute(argument))
+        if (part != "." && !part.empty())
+            path /= part;
+    return wxString::FromUTF8(path.native());
+}
+
+// The table that a command reads; null, after the user has been told, where it cannot be read.
+OdPsPlotStyleTablePtr sourceTable(const wxString& path)
+{
+    OdPsPlotStyleTablePtr table;
+    const wxString reason =
+        hostReason([&] { table = cma::loadPlotStyleTable(OdString(path.wc_str())); });
+    if (!table.isNull())
+        return table;
+    const wxString what = wxFileName::DirExists(path)         ? _("%s is a folder")
+                          : !wxFileName::Exists(path)         ? _("%s does not exist")
+                          : !wxFileName::IsFileReadable(path) ? _("%s cannot be read")
+                                                              : _("%s is not a plot style table");
+    say(exitFailed, withReason(wxString::Format(what, path), reason));
+    return nullptr;
 }
 
 // --- Commands that show dialogs ------------------------------------------------------------
+
+// Nothing is overwritten that the user has not been asked about.
+wxString copyProblem(const OdPsPlotStyleTable& source, const wxString& copy)
+{
+    const wxString extension = source.isColorDependent() ? "ctb" : "stb";
+    if (!wxFileName(copy).GetExt().IsSameAs(extension, false))
+        return wxString::Format(_("a copy of that table needs the extension .%s"), extension);
+    if (files::kindOf(copy.utf8_string()) != files::Kind::Nothing)
+        return wxString::Format(_("%s exists already"), copy);
+    return wxString();
+}
 
 int edit(const Options& options)
 {
     const wxString file = fullPath(options.file);
     const wxString source = fullPath(options.source);
-    if (wxFileName::DirExists(file))
+    switch (files::kindOf(file.utf8_string()))
+    {
+    case files::Kind::Nothing:
+    case files::Kind::File:
+        break;
+    case files::Kind::Folder:
         return say(exitUsage, wxString::Format(_("%s is a folder"), file));
-    if (!source.empty() && !wxFileName::FileExists(source))
-        return say(exitUsage, wxString::Format(_("%s does not exist"), source));
+    default:
+        return say(exitUsage, wxString::Format(_("%s is not a file"), file));
+    }
+    if (!source.empty())
+    {
+        const auto table = sourceTable(source);
+        if (table.isNull())
+            return wxFileName::FileExists(source) ? exitFailed : exitUsage;
+        const wxString problem = copyProblem(*table, file);
+        if (!problem.empty())
+            return say(exitUsage, problem);
+    }
     return editPlotStyleTable(file, source, nullptr) ? exitDone : exitFailed;
 }
 
@@ -97,6 +147,35 @@ int choose(const Options&)
     return startPlotStyleEditor(nullptr) ? exitDone : exitFailed;
 }
 
+// Writes messages on standard error, and hands them on to what shows them in windows.
+class StandardErrorLog : public wxLog
+{
+public:
+    explicit StandardErrorLog(wxLog* windows = nullptr)
+        : m_windows(windows)
+    {
+    }
+
+    void Flush() override
+    {
+        wxLog::Flush();
+        if (m_windows)
+            m_windows->Flush();
+    }
+
+private:
+    void DoLogRecord(wxLogLevel level, const wxString& message,
+                     const wxLogRecordInfo& info) override
+    {
+        if (level <= wxLOG_Status)
+            say(exitFailed, message);
+        if (m_windows)
+            m_windows->LogRecord(level, message, info);
+    }
+
+    std::unique_ptr<wxLog> m_windows;
+};
+
 class PstyleApp : public wxApp
 {
 public:
@@ -109,7 +188,7 @@ public:
     // display. The toolkit ends that by itself when it has started.
     bool Initialize(int& argumentCount, wxChar** arguments) override
     {
-        delete wxLog::SetActiveTarget(new wxLogStderr);
+        delete wxLog::SetActiveTarget(new StandardErrorLog);
         return wxApp::Initialize(argumentCount, arguments);
     }
 
@@ -118,6 +197,8 @@ public:
         // The toolkit's notes to its developers are for those who ask for them.
         if (!wxGetEnv("WXTRACE", nullptr))
             wxLog::SetLogLevel(wxLOG_Info);
+        wxLog::GetActiveTarget(); // makes the one that shows messages in windows
+        wxLog::SetActiveTarget(new StandardErrorLog(wxLog::SetActiveTarget(nullptr)));
         SetAppName("pstyle");
         ut::loadTranslations();
         SetAppDisplayName(_("Plot Style Table Editor"));
@@ -131,6 +212,20 @@ public:
         const int status = m_run();
         wxLog::FlushActive();
         return status;
+    }
+
+    // What there is too little memory for is not done; the rest goes on.
+    bool OnExceptionInMainLoop() override
+    {
+        try
+        {
+            throw;
+        }
+        catch (const std::bad_alloc&)
+        {
+            wxLogError("%s", _("out of memory"));
+            return true;
+        }
     }
 
 private:
@@ -167,19 +262,6 @@ int setFolder(const Options& options)
     return exitDone;
 }
 
-// The table that a command reads; null, after the user has been told, where it cannot be read.
-OdPsPlotStyleTablePtr sourceTable(const wxString& path)
-{
-    const auto table = cma::loadPlotStyleTable(OdString(path.wc_str()));
-    if (table.isNull())
-        say(exitFailed,
-            wxString::Format(wxFileName::DirExists(path) ? _("%s is a folder")
-                             : !wxFileName::Exists(path) ? _("%s does not exist")
-                                                         : _("%s is not a plot style table"),
-                             path));
-    return table;
-}
-
 int exportTable(const Options& options)
 {
     const wxFileName source(fullPath(options.source));
@@ -189,20 +271,24 @@ int exportTable(const Options& options)
     if (options.file.empty())
         return print(csvLines(*table, source.GetFullName()));
     const wxString target = fullPath(options.file);
-    if (exportCsv(*table, source.GetFullName(), target) != CsvExport::Done)
-        return say(exitFailed, wxString::Format(_("Failed to create or open file: %ls"), target));
-    return exitDone;
+    const CsvExport done = exportCsv(*table, source.GetFullName(), target, Replaceable::Exports);
+    if (done.result == CsvExport::Done)
+        return exitDone;
+    const wxString message = done.result == CsvExport::NotOpened
+                                 ? _("Failed to create or open file: %ls")
+                                 : _("Failed to save file: %ls");
+    return say(exitFailed, withReason(wxString::Format(message, target), done.reason));
 }
 
 // A slip of the hand must not put a picture in the place of a table. Folder views make an empty
 // file beforehand.
-bool mayBecomePicture(const wxString& path)
+bool mayBecomePicture(const std::string& path)
 {
-    const wxLogNull noMessages; // about a file that cannot be read
-    if (wxFileName::Exists(path) && !wxFileName::FileExists(path))
-        return false;
-    return !wxFileName::Exists(path) || wxFileName::GetSize(path) == 0 ||
-           wxPNGHandler().CanRead(path);
+    const std::string signature = "\x89PNG\r\n\x1A\n";
+    if (files::kindOf(path) != files::Kind::File)
+        return true;
+    const std::string beginning = files::beginningOf(path, signature.size());
+    return beginning.empty() || beginning == signature;
 }
 
 int drawTable(const Options& options)
@@ -211,13 +297,20 @@ int drawTable(const Options& options)
     if (table.isNull())
         return exitFailed;
     const wxString target = fullPath(options.file);
-    if (!mayBecomePicture(target))
+    try
+    {
+        if (!mayBecomePicture(target.utf8_string()))
+            return say(exitFailed,
+                       wxString::Format(_("%s is not a picture and is not replaced"), target));
+        files::replace(target.utf8_string(), tablePicture(*table, options.size));
+        return exitDone;
+    }
+    catch (const std::filesystem::filesystem_error& error)
+    {
         return say(exitFailed,
-                   wxString::Format(_("%s is not a picture and is not replaced"), target));
-    const std::string picture = tablePicture(*table, options.size);
-    if (!replaceFile(target, picture.data(), picture.size()))
-        return say(exitFailed, wxString::Format(_("Failed to create or open file: %ls"), target));
-    return exitDone;
+                   withReason(wxString::Format(_("Failed to create or open file: %ls"), target),
+                              wxString::FromUTF8(files::reasonOf(error))));
+    }
 }
 
 int help(const Options&)
@@ -241,6 +334,7 @@ int refuse(const Options& options)
 int runWithoutWindows(int (*command)(const Options&), const Options& options)
 {
     const wxInitializer toolkit;
+    delete wxLog::SetActiveTarget(new StandardErrorLog);
     ut::loadTranslations();
     return command(options);
 }
@@ -263,6 +357,7 @@ const Command commands[] = {
 } // namespace
 
 int main(int argc, char** argv)
+try
 {
     const Options options = parseOptions(argc, argv);
     const Command* command =
@@ -270,4 +365,13 @@ int main(int argc, char** argv)
                      [&](const Command& candidate) { return candidate.action == options.action; });
     return command->showsWindows ? runWithWindows(command->run, options, argv[0])
                                  : runWithoutWindows(command->run, options);
+}
+catch (const std::filesystem::filesystem_error& error) // the current folder is gone, for instance
+{
+    return say(exitFailed, wxString::FromUTF8(files::reasonOf(error)));
+}
+catch (const std::bad_alloc&)
+{
+    std::fputs("pstyle: out of memory\n", stderr);
+    return exitFailed;
 }

@@ -5,6 +5,7 @@
 #include "psl_dlg_new_table.h"
 #include "psl_dlg_plot_style_editor.h"
 #include "psl_dlg_select_table.h"
+#include "psl_traverse.h"
 
 #include "util/ut.h"
 
@@ -12,7 +13,6 @@
 #include <wx/dir.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
-#include <wx/log.h>
 #include <wx/translation.h>
 
 #include <cstddef>
@@ -97,14 +97,10 @@ private:
 size_t getPlotStyleFiles(wxArrayString& files)
 {
     const wxString folder = ut::getString(ut::ECfgGroup::Paths, "PlotStylePath");
-    const wxLogNull noMessages; // about folders that cannot be read
     if (!wxDir::Exists(folder))
         return 0;
-    wxDir directory(folder);
-    if (!directory.IsOpened())
-        return 0;
     PlotStyleTraverser traverser(files);
-    directory.Traverse(traverser, wxString(), wxDIR_FILES | wxDIR_DIRS | wxDIR_HIDDEN);
+    traverseFolder(folder, traverser);
     return files.size();
 }
 

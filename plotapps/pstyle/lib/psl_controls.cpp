@@ -12,6 +12,12 @@
 
 #include <algorithm>
 
+wxString shownPart(const wxString& text)
+{
+    constexpr size_t mostShown = 5000; // as many as other programs take
+    return text.Left(mostShown);
+}
+
 bool isOneOf(int key, std::initializer_list<int> keys)
 {
     return std::find(keys.begin(), keys.end(), key) != keys.end();

@@ -23,6 +23,10 @@ Control* findControl(const wxWindow& window, const char* name)
 /// Whether a key is one of several.
 bool isOneOf(int key, std::initializer_list<int> keys);
 
+/// The beginning of a text, as much of it as controls show in no time: they lay out all of what
+/// they are given, and a name may be a quarter of a million letters long.
+wxString shownPart(const wxString& text);
+
 /// Begins to edit a row of a list, scrolled into view. @return the control; null when it is refused
 wxTextCtrl* editRow(wxListCtrl* list, long row);
 

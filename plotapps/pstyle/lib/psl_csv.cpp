@@ -4,20 +4,22 @@
 
 #include "psl_lineweights.h"
 #include "psl_numbers.h"
-#include "psl_replace_file.h"
 
+#include "files/files.h"
 #include "odps/od_ps.h"
 
-#include <wx/file.h>
-#include <wx/filename.h>
-#include <wx/log.h>
+#include <wx/intl.h>
 #include <wx/textfile.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <filesystem>
+#include <new>
 
 namespace
 {
 
+const char* const firstLine = "PLOTSTYLE_TABLE,,";
 const char* const separator = ",,";
 
 wxString styleLine(const OdPsPlotStyle& style)
@@ -35,7 +37,7 @@ wxString styleLine(const OdPsPlotStyle& style)
 
 void addSettings(wxArrayString& lines, const OdPsPlotStyleTable& table, const wxString& fileName)
 {
-    lines.Add("PLOTSTYLE_TABLE,,");
+    lines.Add(firstLine);
     lines.Add(wxString::Format(",FileName,%ls", fileName));
     lines.Add(wxString::Format(",Description,%ls", table.description().c_str()));
     lines.Add(wxString::Format(",ScaleFactor,%s", fixedText(table.scaleFactor(), 6)));
@@ -71,29 +73,33 @@ void addLineWeights(wxArrayString& lines, const OdPsPlotStyleTable& table)
         lines.Add(wxString::Format(",%d,%s", i, fixedText(table.lineweightAt(i), 6)));
 }
 
-// The file that a symbolic link leads to: a write would put a plain file in the place of the link.
-wxString linkTarget(const wxString& path)
+// Why a file must not become an export; empty where it may. Nobody means to lose a table, or a
+// picture, to one.
+wxString refusal(const std::string& path, Replaceable replaceable)
 {
-    std::error_code noFile;
-    const auto target = std::filesystem::canonical(path.utf8_string(), noFile);
-    return noFile ? path : wxString::FromUTF8(target.string());
+    constexpr size_t enoughToTell = 65536;
+    if (files::kindOf(path) != files::Kind::File)
+        return wxString();
+    const std::string beginning = files::beginningOf(path, enoughToTell);
+    const auto beginsWith = [&beginning](const char* text)
+    { return beginning.rfind(text, 0) == 0; };
+    if (beginsWith("PIAFILEVERSION_"))
+        return _("The file is a plot style table.");
+    if (!files::looksLikeText(beginning))
+        return _("The file is not a text.");
+    if (replaceable == Replaceable::Exports && !beginning.empty() && !beginsWith(firstLine))
+        return _("The file is not an earlier export.");
+    return wxString();
 }
 
-// Whether a file begins as a table does. Nobody means to lose one to an export.
-bool isTable(const wxString& path)
+// Whether a failure has kept the file from being opened, and not what was written into it.
+bool isAboutOpening(const std::error_code& failure)
 {
-    const std::string beginning = "PIAFILEVERSION_";
-    std::string found(beginning.size(), '\0');
-    wxFile file(path);
-    return file.IsOpened() && file.Read(found.data(), found.size()) > 0 && found == beginning;
-}
-
-// A write makes a plain file of whatever bears the name, and needs the folder, too.
-bool canBeReplaced(const wxString& path)
-{
-    return wxFileName::FileExists(path) && wxFileName::IsFileReadable(path) &&
-           wxFileName::IsFileWritable(path) &&
-           wxFileName::IsDirWritable(wxFileName(path).GetPath()) && !isTable(path);
+    const std::errc aboutWriting[] = {std::errc::no_space_on_device, std::errc::file_too_large,
+                                      std::errc::io_error, std::errc::broken_pipe,
+                                      std::errc::not_enough_memory};
+    return failure.value() != EDQUOT && std::find(std::begin(aboutWriting), std::end(aboutWriting),
+                                                  failure) == std::end(aboutWriting);
 }
 
 } // namespace
@@ -109,22 +115,29 @@ wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName
     return lines;
 }
 
-CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const wxString& path)
+CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const wxString& path,
+                    Replaceable replaceable)
 {
-    const wxLogNull noMessages; // the caller reports
-    wxTextFile file;
-    const wxString target = linkTarget(path);
-    const bool exists = wxFileName::Exists(target);
-    if (exists ? !canBeReplaced(target) || !file.Open(target) : !file.Create(target))
-        return CsvExport::NotOpened;
-    file.Close();
-    wxString text;
-    for (const wxString& line : csvLines(table, fileName))
-        text += line + wxTextFile::GetEOL();
-    const auto bytes = text.utf8_str();
-    if (replaceFile(target, bytes.data(), bytes.length()))
-        return CsvExport::Done;
-    if (!exists)
-        wxRemoveFile(target);
-    return CsvExport::NotWritten;
+    using Result = CsvExport::Result;
+    try
+    {
+        const std::string target = path.utf8_string();
+        const wxString reason = refusal(target, replaceable);
+        if (!reason.empty())
+            return {Result::NotOpened, reason};
+        std::string text;
+        for (const wxString& line : csvLines(table, fileName))
+            text += (line + wxTextFile::GetEOL()).utf8_string();
+        files::replace(target, text);
+        return {Result::Done, wxString()};
+    }
+    catch (const std::filesystem::filesystem_error& error)
+    {
+        return {isAboutOpening(error.code()) ? Result::NotOpened : Result::NotWritten,
+                wxString::FromUTF8(files::reasonOf(error))};
+    }
+    catch (const std::bad_alloc&)
+    {
+        return {Result::NotWritten, _("out of memory")};
+    }
 }

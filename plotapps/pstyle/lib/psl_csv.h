@@ -16,19 +16,34 @@ class OdPsPlotStyleTable;
 /// @param fileName  the table file's name and extension
 PSL_API wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName);
 
-enum class CsvExport
+/// How an export ended.
+struct CsvExport
 {
-    Done,
-    /// The file cannot be created, or opened as a text, or is a table.
-    NotOpened,
-    /// The disk is full, for instance.
-    NotWritten,
+    enum Result
+    {
+        Done,
+        /// The file cannot be created or opened, or is none that may be replaced.
+        NotOpened,
+        /// The disk is full, for instance.
+        NotWritten,
+    };
+
+    Result result;
+    wxString reason; ///< for the user; empty when it is done
 };
 
-/// Writes the lines as UTF-8 into a text file, replacing what an existing file holds. Where that
-/// fails, an existing file is as it was.
+/// Which existing files an export may replace. Tables, and files that are no texts, are never
+/// replaced.
+enum class Replaceable
+{
+    Exports, ///< earlier exports and empty files: for where nobody has been asked
+    Texts,
+};
+
+/// Writes the lines as UTF-8 into a file, replacing what it holds; a pipe or device is written to.
+/// After a failure an existing file is as it was.
 /// @param path  the export file's full path
 PSL_API CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName,
-                            const wxString& path);
+                            const wxString& path, Replaceable replaceable);
 
 #endif

@@ -4,6 +4,7 @@
 
 #include "psl.h"
 #include "psl_controls.h"
+#include "psl_host_reason.h"
 #include "psl_table_paths.h"
 
 #include "wxutils/plot_style_table.h"
@@ -86,9 +87,11 @@ void DlgNewTable::onOk(wxCommandEvent& event)
         return;
     }
     const wxString path = file.GetFullPath();
-    if (!writeTable(path))
+    bool isWritten = false;
+    const wxString reason = hostReason([&] { isWritten = writeTable(path); });
+    if (!isWritten)
     {
-        wxLogError(_("Failed to save file: %ls"), path);
+        wxLogError("%s", withReason(wxString::Format(_("Failed to save file: %ls"), path), reason));
         return;
     }
     if (launchEditor)

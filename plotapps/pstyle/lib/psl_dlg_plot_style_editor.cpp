@@ -353,10 +353,11 @@ bool DlgPlotStyleEditor::TransferDataFromWindow()
     return true;
 }
 
-// The field cannot show every text that a file may hold. One that the user left alone stays.
+// The field cannot show every text that a file may hold. One that the user left alone stays, and so
+// does the end of one that is too long.
 void DlgPlotStyleEditor::transferDescription()
 {
-    const OdString description(m_tableDescription.wc_str());
+    const OdString description((m_tableDescription + m_hiddenDescription).wc_str());
     if (m_tableDescription == m_shownDescription || description == m_table->description())
         return;
     m_table->setDescription(description);

@@ -4,6 +4,7 @@
 #define PSL_DLG_PLOT_STYLE_EDITOR_H
 
 #include "psl_api.h"
+#include "psl_disk_version.h"
 #include "psl_lineweights.h"
 
 #include "odps/od_ps.h"
@@ -114,8 +115,9 @@ private:
     void load();
     OdPsPlotStyleTablePtr readTable(const wxString& path) const;
     void takeTableValues();
-    void takeNoTable(const wxString& path);
+    void takeNoTable(const wxString& message);
     bool save(const wxString& path);
+    bool keepOtherVersion(const wxString& path, wxString& kept);
     bool checkSave();
     bool mayReplace(const wxFileName& file);
     bool isCtb() const;
@@ -203,6 +205,10 @@ private:
     wxSpinCtrl* m_typedInto = nullptr;
     /// The table's description as its field showed it first; the field cannot show every text.
     wxString m_shownDescription;
+    /// The end of a description that is too long for the field.
+    wxString m_hiddenDescription;
+    /// What the file held when it was read or saved last.
+    DiskVersion m_diskVersion;
 
     wxDECLARE_CLASS(DlgPlotStyleEditor);
     wxDECLARE_EVENT_TABLE();

@@ -114,7 +114,8 @@ void DlgPlotStyleEditor::updateStyleFields()
 {
     const StyleFields fields =
         gatherSelected(findControl<wxListCtrl>(*this, "ListStyles"), m_table);
-    showText(findControl<wxTextCtrl>(*this, "TextStyleDescr"), fields.description.value.c_str());
+    showText(findControl<wxTextCtrl>(*this, "TextStyleDescr"),
+             shownPart(fields.description.value.c_str()));
     showCheck(findControl<wxCheckBox>(*this, "CheckDither"), fields.dither);
     showCheck(findControl<wxCheckBox>(*this, "CheckGrayscale"), fields.grayscale);
     showCheck(findControl<wxCheckBox>(*this, "CheckAdaptive"), fields.adaptive);

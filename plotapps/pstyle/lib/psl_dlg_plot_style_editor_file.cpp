@@ -4,10 +4,12 @@
 #include "psl_dlg_plot_style_editor.h"
 
 #include "psl_controls.h"
+#include "psl_csv.h"
+#include "psl_host_reason.h"
+#include "psl_table_paths.h"
 
 #include "cmdapi/cma.h"
-#include "psl_csv.h"
-#include "psl_table_paths.h"
+#include "files/files.h"
 
 #include <wx/button.h>
 #include <wx/filedlg.h>
@@ -15,6 +17,8 @@
 #include <wx/log.h>
 #include <wx/msgdlg.h>
 #include <wx/textctrl.h>
+
+#include <filesystem>
 
 namespace
 {
@@ -26,17 +30,22 @@ const char* const caption = wxTRANSLATE("Plot Style Table Editor");
 void DlgPlotStyleEditor::load()
 {
     m_table = nullptr;
+    // Before it is read: what is changed from here on is the work of others.
+    m_diskVersion = DiskVersion(m_fileName.GetFullPath());
     wxString path;
     if (!m_sourceFile.empty() && wxFileName::FileExists(m_sourceFile))
         path = m_sourceFile;
     else if (m_fileName.FileExists())
         path = m_fileName.GetFullPath();
-    m_table = readTable(path);
+    const wxString reason = hostReason([&] { m_table = readTable(path); });
     m_sourceFile.clear();
     m_modified = !m_fileName.FileExists();
 
     if (m_table.isNull())
-        takeNoTable(path);
+        takeNoTable(withReason(
+            path.empty() ? _("Failed to create plotstyle table file.")
+                         : _("Invalid file format - failed to open plotstyle table file."),
+            reason));
     else
         takeTableValues();
 
@@ -63,22 +72,25 @@ void DlgPlotStyleEditor::takeTableValues()
     m_styleCount = m_table->styleCount();
     m_applyScale = m_table->isApplyScaleFactor();
     m_scaleText = scaleFactorText();
-    m_tableDescription = m_table->description().c_str();
+    const wxString description = m_table->description().c_str();
+    m_tableDescription = shownPart(description);
+    m_hiddenDescription = description.Mid(m_tableDescription.length());
     m_unitsIn = m_table->isDisplayCustomLineweightUnits();
     m_unitsMm = !m_unitsIn;
     // There is no button as long as there is nothing to sort.
     findControl<wxButton>(*this, "BtnLwSort")->Show(isLineWeightListOutOfOrder(*m_table));
 }
 
-void DlgPlotStyleEditor::takeNoTable(const wxString& path)
+void DlgPlotStyleEditor::takeNoTable(const wxString& message)
 {
-    wxMessageBox(path.empty() ? _("Failed to create plotstyle table file.")
-                              : _("Invalid file format - failed to open plotstyle table file."),
-                 wxGetTranslation(caption), wxOK | wxICON_ERROR);
+    // For hosts that write down what they are told.
+    wxLogStatus("%s", message);
+    wxMessageBox(message, wxGetTranslation(caption), wxOK | wxICON_ERROR);
     m_styleCount = 0;
     m_applyScale = false;
     m_scaleText = "1";
     m_tableDescription.clear();
+    m_hiddenDescription.clear();
     findControl<wxButton>(*this, "BtnLwSort")->Hide();
 }
 
@@ -92,13 +104,51 @@ bool DlgPlotStyleEditor::save(const wxString& path)
         updateFileName();
     }
     const wxString fullPath = m_fileName.GetFullPath();
-    if (!cma::savePlotStyleTable(OdString(fullPath.wc_str()), m_table))
+    // Whoever names a file is asked whether it may be replaced.
+    wxString kept;
+    if (path.empty() && !keepOtherVersion(fullPath, kept))
+        return false;
+    bool isSaved = false;
+    const wxString reason = hostReason(
+        [&] { isSaved = cma::savePlotStyleTable(OdString(fullPath.wc_str()), m_table); });
+    if (!isSaved)
     {
-        wxLogError(_("Failed to save file: %ls"), fullPath);
+        if (!kept.empty())
+            wxRemoveFile(kept);
+        wxLogError("%s",
+                   withReason(wxString::Format(_("Failed to save file: %ls"), fullPath), reason));
         return false;
     }
+    m_diskVersion = DiskVersion(fullPath);
     m_modified = false;
+    if (!kept.empty())
+        wxLogWarning(_("File '%ls' was changed by another program while it was being edited. What "
+                       "it held was kept as '%ls'."),
+                     fullPath, kept);
     return true;
+}
+
+// Keeps what another program has written into the file since the editor read it. There is no room
+// for a question on the way to a save.
+// @param kept  takes the name that it is kept under; stays empty where there is nothing to keep
+bool DlgPlotStyleEditor::keepOtherVersion(const wxString& path, wxString& kept)
+{
+    const DiskVersion now(path);
+    if (!now.isFile() || now == m_diskVersion)
+        return true;
+    try
+    {
+        kept = keepDiskVersion(path);
+        return true;
+    }
+    catch (const std::filesystem::filesystem_error& error)
+    {
+        wxLogError("%s", withReason(wxString::Format(_("Failed to save file: %ls"), path),
+                                    _("It was changed by another program while it was being "
+                                      "edited, and what it holds now cannot be kept.") +
+                                        "\n" + wxString::FromUTF8(files::reasonOf(error))));
+        return false;
+    }
 }
 
 bool DlgPlotStyleEditor::checkSave()
@@ -197,7 +247,12 @@ void DlgPlotStyleEditor::onExport(wxCommandEvent&)
     if (dialog.ShowModal() != wxID_OK)
         return;
     const wxString path = chosenPath(dialog);
-    // The editor reports what keeps an export from beginning, and that alone.
-    if (exportCsv(*m_table, m_fileName.GetFullName(), path) == CsvExport::NotOpened)
-        wxLogError(_("Failed to create or open file: %ls"), path);
+    const CsvExport done = exportCsv(*m_table, m_fileName.GetFullName(), path, Replaceable::Texts);
+    const wxString message =
+        withReason(wxString::Format(_("Failed to create or open file: %ls"), path), done.reason);
+    // The user is told what keeps an export from beginning, and that alone.
+    if (done.result == CsvExport::NotOpened)
+        wxLogError("%s", message);
+    else if (done.result == CsvExport::NotWritten)
+        wxLogStatus("%s", message);
 }

@@ -44,7 +44,7 @@ void DlgPlotStyleEditor::updateStyles()
         if (isCtb())
             list->InsertItem(i, wxString::Format("%ls %d", _("Color"), i + 1), swatch);
         else
-            list->InsertItem(i, m_table->styleAt(i)->localizedName().c_str());
+            list->InsertItem(i, shownPart(m_table->styleAt(i)->localizedName().c_str()));
     }
 }
 
@@ -156,7 +156,7 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
         m_table->setStyleArray(styles);
     }
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    const long row = list->InsertItem(index + 1, name);
+    const long row = list->InsertItem(index + 1, shownPart(name));
     {
         wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_DESELECTED);
         list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
@@ -414,7 +414,8 @@ void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
     CallAfter([this, row = event.GetIndex()] { showStyleName(row); });
     const wxString name = storableText(event.GetLabel());
     const OdPsPlotStylePtr style = m_table->styleAt(static_cast<int>(event.GetIndex()));
-    if (name.empty() || name == style->localizedName().c_str())
+    const wxString oldName = style->localizedName().c_str();
+    if (name.empty() || name == oldName || name == shownPart(oldName))
         return;
     if (name.find_first_of(invalidCharacters) != wxString::npos)
     {
@@ -433,7 +434,8 @@ void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
 
 void DlgPlotStyleEditor::refuseTakenName(const wxString& name)
 {
-    wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."), name);
+    wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."),
+               shownPart(name));
 }
 
 void DlgPlotStyleEditor::showStyleName(long row)
@@ -442,7 +444,7 @@ void DlgPlotStyleEditor::showStyleName(long row)
     const OdPsPlotStylePtr style =
         m_table.isNull() || isCtb() ? nullptr : m_table->styleAt(static_cast<int>(row));
     if (style && row < list->GetItemCount())
-        list->SetItemText(row, style->localizedName().c_str());
+        list->SetItemText(row, shownPart(style->localizedName().c_str()));
 }
 
 // The map's keys point into the styles' names: the old entry goes before the name does.

@@ -1,0 +1,21 @@
+// Why the host could not load or save a table.
+
+#ifndef PSL_HOST_REASON_H
+#define PSL_HOST_REASON_H
+
+#include "psl_api.h"
+
+#include <wx/string.h>
+
+#include <functional>
+
+/// Has the host load or save a table, and collects the reason of a failure: the host's command
+/// interface itself tells no more than that it failed, and traces the reason under the mask
+/// "cmdapi". All other messages go where they went before.
+/// @return the reason, for the user; empty when the host has given none
+PSL_API wxString hostReason(const std::function<void()>& step);
+
+/// A message with a reason on a line of its own behind it, where there is one.
+PSL_API wxString withReason(const wxString& message, const wxString& reason);
+
+#endif

@@ -1,0 +1,19 @@
+// Walking through a folder and all that is in it.
+
+#ifndef PSL_TRAVERSE_H
+#define PSL_TRAVERSE_H
+
+#include "psl_api.h"
+
+class wxDirTraverser;
+class wxString;
+
+/// Tells a traverser of what a folder holds in the order of wxDir::Traverse: what its folders hold
+/// comes before its own files, and either in the order in which the system lists them. Hidden ones
+/// are included, and symbolic links are followed. Other than the toolkit's own traversal, this one
+/// always ends: a folder that is being walked is not entered again from within, no folder is
+/// entered more than a few times, and what the system makes up (/proc, /sys) is not entered at all.
+/// Folders that cannot be read are passed over.
+PSL_API void traverseFolder(const wxString& folder, wxDirTraverser& traverser);
+
+#endif

@@ -1,0 +1,157 @@
+// What happens to files around the editor: others change them, they cannot be read or written, and
+// they hold texts that no field can show.
+
+#include "tests/keyboard/editor_session.h"
+
+#include "support/table_maker.h"
+#include "support/tables.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace
+{
+
+using Names = std::vector<std::string>;
+
+class FilesOfASession : public EditorSession
+{
+protected:
+    /// Changes the table's description, by the keyboard.
+    void describe(std::string_view text)
+    {
+        editor().click("TextTableDescr");
+        retype(text);
+    }
+
+    /// The files of the folder but the table.
+    Names others() const
+    {
+        Names names = support::namesIn(folder.path());
+        names.erase(std::remove(names.begin(), names.end(), "table.ctb"), names.end());
+        return names;
+    }
+
+    std::string bytes() const { return support::readFile(file); }
+};
+
+std::string described(const char* text)
+{
+    const auto table = support::tableOf(support::pack(support::colorTableText()));
+    const std::string description = text;
+    table->setDescription(std::wstring(description.begin(), description.end()).c_str());
+    return support::bytesOf(*table);
+}
+
+} // namespace
+
+TEST_F(FilesOfASession, WhatOthersHaveWrittenIsKeptAndTheUserIsTold)
+{
+    const std::string theirs = described("theirs");
+    open("table.ctb", described("old"));
+    describe("mine");
+    support::writeFile(file, theirs);
+    editor().hands().key("alt+s");
+    ASSERT_TRUE(editor().waitForDialog("was changed by another program"));
+    editor().key("Return");
+    EXPECT_EQ(editor().wait(), 0);
+    EXPECT_EQ(stored()->description(), OdString(L"mine"));
+    ASSERT_EQ(others().size(), 1u);
+    EXPECT_EQ(others().front().rfind("table (changed on disk 2", 0), 0u) << others().front();
+    EXPECT_EQ(support::readFile(folder / others().front()), theirs);
+    EXPECT_NE(editor().errors().find(others().front()), std::string::npos) << "it is named";
+}
+
+TEST_F(FilesOfASession, ATableThatHasAppearedIsKept)
+{
+    const std::string theirs = described("theirs");
+    start({(folder / "table.ctb").string()});
+    file = (folder / "table.ctb").string();
+    describe("mine");
+    support::writeFile(file, theirs);
+    editor().hands().key("alt+s");
+    ASSERT_TRUE(editor().waitForDialog("was changed by another program"));
+    editor().key("Return");
+    EXPECT_EQ(editor().wait(), 0);
+    EXPECT_EQ(stored()->description(), OdString(L"mine"));
+    ASSERT_EQ(others().size(), 1u);
+    EXPECT_EQ(support::readFile(folder / others().front()), theirs);
+}
+
+TEST_F(FilesOfASession, ATableThatWasOnlyTouchedIsReplacedWithoutAWord)
+{
+    const std::string old = described("old");
+    open("table.ctb", old);
+    describe("mine");
+    std::filesystem::remove(file);
+    support::writeFile(file, old);
+    EXPECT_EQ(saved()->description(), OdString(L"mine"));
+    EXPECT_EQ(others(), Names{});
+}
+
+TEST_F(FilesOfASession, NothingIsKeptOfASaveThatFails)
+{
+    const std::string theirs = described("theirs");
+    open("table.ctb", described("old"));
+    describe("mine");
+    support::writeFile(file, theirs);
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    editor().hands().key("alt+s");
+    ASSERT_TRUE(editor().waitForDialog("Failed to save file: " + file + " " + file +
+                                       ": Permission denied"));
+    editor().key("Return");
+    EXPECT_EQ(others(), Names{});
+    EXPECT_EQ(bytes(), theirs);
+    EXPECT_EQ(editor().errors(),
+              "pstyle: Failed to save file: " + file + ": " + file + ": Permission denied\n");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    editor().hands().key("alt+s");
+    ASSERT_TRUE(editor().waitForDialog("was changed by another program"));
+    editor().key("Return");
+    EXPECT_EQ(editor().wait(), 0);
+    EXPECT_EQ(others().size(), 1u);
+}
+
+TEST_F(FilesOfASession, ATableThatCannotBeReadGivesItsReason)
+{
+    const std::filesystem::path bad = folder / "bad.ctb";
+    support::writeFile(bad, support::pack("apply_factor=maybe\nplot_style{\n}\n"));
+    open("table.ctb", described("old"));
+    editor().hands().key("alt+o");
+    ASSERT_TRUE(editor().waitForDialog("Select a Plot Style File"));
+    editor().type(bad.string());
+    editor().hands().key("Return");
+    const std::string message = "Invalid file format - failed to open plotstyle table file.";
+    const std::string reason = "a value is neither TRUE nor FALSE (at byte 13 of its text)";
+    ASSERT_TRUE(editor().waitForDialog(message + " " + reason));
+    editor().key("Return");
+    editor().key("Escape");
+    EXPECT_EQ(editor().wait(), 1);
+    EXPECT_EQ(editor().errors(), "pstyle: " + message + ": " + reason + "\n");
+}
+
+TEST_F(FilesOfASession, ADescriptionOfAQuarterOfAMillionLettersIsNotLost)
+{
+    constexpr std::size_t length = 250000;
+    const std::string whole(length, 'd');
+    open("table.ctb", described(whole.c_str()));
+    EXPECT_LT(editor().text("TextTableDescr").size(), 10000u);
+    editor().click("TextTableDescr");
+    editor().keys({"ctrl+Home", "x"});
+    EXPECT_EQ(saved()->description(), OdString((L"x" + std::wstring(length, L'd')).c_str()));
+}
+
+TEST_F(FilesOfASession, ANameOfAQuarterOfAMillionLettersIsNotLost)
+{
+    const std::string name(250000, 'n');
+    openNamed({name, "Walls"});
+    editor().key("Down");
+    EXPECT_LT(editor().rows("ListStyles").at(1).size(), 10000u);
+    editor().key("F2");
+    ASSERT_TRUE(editor().edit("ListStyles").has_value());
+    editor().key("Return");
+    editor().key("alt+r"); // the screening
+    retype("40");
+    EXPECT_EQ(savedNames(), (Names{"Normal", name, "Walls"}));
+    EXPECT_EQ(savedData(1).screening, 40);
+}

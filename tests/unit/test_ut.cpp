@@ -1,0 +1,141 @@
+// The user's configuration file: what a damaged one does, and how it is written.
+
+#include "support/test_files.h"
+#include "util/ut.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/debug.h>
+#include <wx/init.h>
+#include <wx/log.h>
+#include <wx/utils.h>
+
+#include <random>
+#include <sys/stat.h>
+
+namespace
+{
+
+/// Collects what is said to the user; a failed assertion fails the test.
+class Messages : public wxLog
+{
+public:
+    Messages()
+        : m_old(wxLog::SetActiveTarget(this))
+    {
+        wxSetAssertHandler([](const wxString&, int, const wxString&, const wxString& condition,
+                              const wxString&) { ADD_FAILURE() << condition; });
+    }
+    ~Messages() override { wxLog::SetActiveTarget(m_old); }
+    Messages(const Messages&) = delete;
+    Messages& operator=(const Messages&) = delete;
+
+    std::vector<wxString> texts;
+
+private:
+    void DoLogRecord(wxLogLevel, const wxString& message, const wxLogRecordInfo&) override
+    {
+        texts.push_back(message);
+    }
+
+    wxLog* m_old;
+};
+
+class Configuration : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        wxUnsetEnv("PSTYLE_PLOT_STYLE_PATH");
+        wxSetEnv("XDG_CONFIG_HOME", wxString::FromUTF8(folder.path().string()));
+        std::filesystem::create_directory(folder / "pstyle");
+    }
+
+    std::filesystem::path file() const { return folder / "pstyle/pstyle.conf"; }
+    std::vector<std::string> names() const { return support::namesIn(folder / "pstyle"); }
+    static wxString value() { return ut::getString(ut::ECfgGroup(6), "PlotStylePath"); }
+    static bool store(const wxString& text)
+    {
+        return ut::setString(ut::ECfgGroup(6), "PlotStylePath", text);
+    }
+
+    const wxInitializer toolkit;
+    const support::TempFolder folder;
+    Messages messages;
+};
+
+bool isDefault(const wxString& folder)
+{
+    return folder.EndsWith("share/pstyle/plotstyles");
+}
+
+} // namespace
+
+// The first test of this process: it is said once.
+TEST_F(Configuration, ThatIsDamagedIsSaidOnceAndDefinesNothing)
+{
+    support::writeFile(file(), "[6]\n=\nPlotStylePath=/x\n");
+    EXPECT_TRUE(isDefault(value()));
+    EXPECT_TRUE(isDefault(value()));
+    EXPECT_EQ(messages.texts, std::vector<wxString>{"The configuration file '" + file().string() +
+                                                    "' is not used: it is damaged"});
+}
+
+TEST_F(Configuration, ThatIsDamagedIsKeptAndWrittenAnew)
+{
+    const std::string damaged = "[6]\n=\nPlotStylePath=/x\n";
+    support::writeFile(file(), damaged);
+    EXPECT_TRUE(store("/tables"));
+    EXPECT_EQ(value(), "/tables");
+    EXPECT_EQ(names(), (std::vector<std::string>{"pstyle (damaged).conf", "pstyle.conf"}));
+    EXPECT_EQ(support::readFile(folder / "pstyle/pstyle (damaged).conf"), damaged);
+    EXPECT_EQ(messages.texts.size(), 1u);
+}
+
+TEST_F(Configuration, KeepsWhatElseItHolds)
+{
+    support::writeFile(file(), "# mine\n[1]\nOther=1\n[6]\nPlotStylePath=/x\n");
+    EXPECT_TRUE(store("/y"));
+    EXPECT_EQ(support::readFile(file()), "# mine\n[1]\nOther=1\n[6]\nPlotStylePath=/y\n");
+    EXPECT_EQ(names(), std::vector<std::string>{"pstyle.conf"});
+}
+
+TEST_F(Configuration, IsWrittenThroughALink)
+{
+    std::filesystem::create_directory(folder / "elsewhere");
+    std::filesystem::create_symlink("../elsewhere/mine.conf", file());
+    EXPECT_TRUE(store("/tables"));
+    EXPECT_TRUE(std::filesystem::is_symlink(file()));
+    EXPECT_EQ(support::readFile(folder / "elsewhere/mine.conf"), "[6]\nPlotStylePath=/tables\n");
+    EXPECT_EQ(names(), std::vector<std::string>{"pstyle.conf"});
+    EXPECT_EQ(value(), "/tables");
+}
+
+TEST_F(Configuration, ThatIsReadOnlyStaysAndTheReasonIsTold)
+{
+    support::writeFile(file(), "[6]\nPlotStylePath=/x\n");
+    ASSERT_EQ(::chmod(file().c_str(), 0444), 0);
+    EXPECT_FALSE(store("/y"));
+    EXPECT_EQ(value(), "/x");
+    EXPECT_EQ(messages.texts, std::vector<wxString>{file().string() + ": Permission denied"});
+}
+
+TEST_F(Configuration, OfAnyBytesNeverFailsAnAssertion)
+{
+    const std::string tokens[] = {"[",  "]",  "6", "/", "..", "=", "PlotStylePath",      "\n",
+                                  "\\", "\"", "!", "#", ";",  " ", std::string(1, '\0'), "\xFF",
+                                  "x"};
+    std::mt19937 random(1);
+    for (int i = 0; i < 2000; ++i)
+    {
+        std::string bytes;
+        for (auto length = random() % 30; length > 0; --length)
+            bytes += tokens[random() % std::size(tokens)];
+        support::writeFile(file(), bytes);
+        value();
+        ASSERT_TRUE(store("/tables")) << bytes;
+        ASSERT_EQ(value(), "/tables") << bytes;
+        std::filesystem::remove_all(folder / "pstyle");
+        std::filesystem::create_directory(folder / "pstyle");
+    }
+}
