@@ -429,7 +429,7 @@ bool looksLikeText(std::string_view beginning)
     for (const std::string_view mark : kWideMarks)
         if (beginning.substr(0, mark.size()) == mark)
             return true;
-    constexpr std::string_view kTextControls = "\t\n\v\f\r\x1A"; // the last one ends some texts
+    constexpr std::string_view kTextControls = "\t\n\v\f\r";
     return std::all_of(beginning.begin(), beginning.end(),
                        [&](char c)
                        {

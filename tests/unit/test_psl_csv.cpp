@@ -4,6 +4,7 @@
 
 #include "cmdapi/cma.h"
 #include "odps/od_ps.h"
+#include "support/kills.h"
 #include "support/test_files.h"
 
 #include <gtest/gtest.h>
@@ -16,6 +17,7 @@
 #include <filesystem>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <vector>
 
 namespace
@@ -167,11 +169,37 @@ TEST_F(Export, WritesThroughASymbolicLink)
     EXPECT_EQ(support::readFile(folder / "real.csv").substr(0, 15), "PLOTSTYLE_TABLE");
 }
 
-TEST_F(Export, LeavesWhatIsNoFileAlone)
+TEST_F(Export, IsWrittenIntoAPipe)
 {
-    ASSERT_EQ(mkfifo((folder / "pipe.csv").c_str(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_EQ(CsvExport::NotOpened, exportResult(*names, "a.stb", path("pipe.csv")));
-    EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe.csv"));
+    const std::filesystem::path pipe = folder / "pipe.csv";
+    ASSERT_EQ(mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
+    std::string read;
+    std::thread reader([&] { read = support::readFile(pipe); });
+    EXPECT_EQ(CsvExport::Done, exportResult(*names, "a.stb", path("pipe.csv")));
+    reader.join();
+    EXPECT_EQ(read.substr(0, 15), "PLOTSTYLE_TABLE");
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+}
+
+TEST_F(Export, ReplacesNoFileThatIsNoText)
+{
+    const std::string picture = "\x89PNG\r\n\x1A\n";
+    support::writeFile(folder / "a.csv", picture);
+    EXPECT_EQ(CsvExport::NotOpened, exportResult(*names, "a.stb", path("a.csv")));
+    EXPECT_EQ(support::readFile(folder / "a.csv"), picture);
+}
+
+TEST_F(Export, ReplacesNothingButExportsUnasked)
+{
+    const auto resultOver = [&](const std::string& bytes)
+    {
+        support::writeFile(folder / "a.csv", bytes);
+        return exportCsv(*names, "a.stb", path("a.csv"), Replaceable::Exports).result;
+    };
+    EXPECT_EQ(resultOver("a,b\n"), CsvExport::NotOpened);
+    EXPECT_EQ(resultOver("PLOTSTYLE_TABLE,"), CsvExport::NotOpened);
+    EXPECT_EQ(resultOver(""), CsvExport::Done);
+    EXPECT_EQ(resultOver("PLOTSTYLE_TABLE,,\nold"), CsvExport::Done);
 }
 
 TEST_F(Export, FailsWhereNoFileCanBe)
@@ -211,6 +239,18 @@ TEST_F(Export, LeavesTheOldFileWhereTheNewOneCannotBeWritten)
     EXPECT_FALSE(wxFileName::Exists(path("new.csv")));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1)
         << "nothing is left behind";
+}
+
+TEST_F(Export, IsWholeAtAnyMoment)
+{
+    const std::filesystem::path file = folder / "a.csv";
+    const auto exportTable = [&](const OdPsPlotStyleTable& table)
+    { return exportResult(table, "a.ctb", path("a.csv")) == CsvExport::Done; };
+    ASSERT_TRUE(exportTable(*names));
+    const std::string before = support::readFile(file);
+    ASSERT_TRUE(exportTable(*colours));
+    support::killWhileReplacing(file, before, support::readFile(file),
+                                [&] { return exportTable(*colours); });
 }
 
 TEST_F(Export, WritesPointsInEveryLocale)

@@ -202,3 +202,35 @@ TEST_F(SheetLines, HaveTheStylesEndsAndJoins)
     EXPECT_EQ(unknown.end, SheetLine::End::Round);
     EXPECT_EQ(unknown.join, SheetLine::Join::Round);
 }
+
+TEST_F(SheetLines, ShowsNoMoreThanItHasRoomFor)
+{
+    for (int i = 0; i < 100; ++i)
+    {
+        OdPsPlotStyleData data;
+        data.screening = static_cast<std::int16_t>(i);
+        names->addNewStyle(L"x")->setData(data);
+    }
+    EXPECT_EQ(sheetLines(*names, 1000).size(), 101u);
+    EXPECT_EQ(sheetLines(*names, 7).size(), 7u);
+}
+
+TEST_F(SheetLines, ShowsBothEndsOfALongName)
+{
+    const std::wstring name = L"begin" + std::wstring(250000, L'n') + L"end";
+    names->addNewStyle(name.c_str());
+    const wxString label = sheetLines(*names, 1000).back().label;
+    EXPECT_TRUE(label.EndsWith("end"));
+    EXPECT_TRUE(label.Contains("begin"));
+    EXPECT_LT(label.length(), 500u);
+}
+
+TEST_F(SheetLines, ShowsTheColoursOfALongRunInEqualDistances)
+{
+    for (int i = 0; i < 1000; ++i)
+        colors->addNewStyle(L"x");
+    const auto lines = sheetLines(*colors, 1000);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_LE(lines[0].colors.size(), 255u);
+    EXPECT_EQ(lines[0].colors.front(), 0xFF0000u) << "that of the first style";
+}
