@@ -31,7 +31,7 @@ wxString reasonOf(const tablefile::Error& error)
     case tablefile::Place::File:
         return wxString::Format(_("%s (at byte %lu of the file)"), reason, offset);
     case tablefile::Place::Text:
-        return wxString::Format(_("%s (at byte %lu of its text)"), reason, offset);
+        return wxString::Format(_("%s (at byte %lu of the uncompressed text)"), reason, offset);
     default:
         return reason;
     }

@@ -65,9 +65,9 @@ public:
     bool hasFound() const { return s_hasFound; }
 
 private:
-    void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override
+    void DoLogRecord(wxLogLevel level, const wxString&, const wxLogRecordInfo&) override
     {
-        s_hasFound = true;
+        s_hasFound = s_hasFound || level <= wxLOG_Warning;
     }
     static void onAssert(const wxString&, int, const wxString&, const wxString&, const wxString&)
     {
@@ -85,22 +85,23 @@ struct Config
     bool isDamaged = false;
 };
 
-/// Reads a configuration file; one that does not exist is empty.
+/// Reads a configuration file; what is no file is empty.
 /// @throw std::filesystem::filesystem_error when it cannot be read
 Config readConfig(const wxString& file)
 {
     constexpr size_t mostRead = 1 << 20;
     const std::string path = file.utf8_string();
-    const std::string bytes = files::kindOf(path) == files::Kind::Nothing
-                                  ? std::string()
-                                  : files::beginningOf(path, mostRead);
+    const std::string bytes = files::kindOf(path) == files::Kind::File
+                                  ? files::beginningOf(path, mostRead)
+                                  : std::string();
     wxMemoryInputStream stream(bytes.data(), bytes.size());
     Config config;
     const FaultFinder faults;
     config.values = std::make_unique<wxFileConfig>(stream);
     // A value is what it says: a folder may have a $ in its name.
     config.values->SetExpandEnvVars(false);
-    config.isDamaged = faults.hasFound() || bytes.find('\0') != std::string::npos;
+    config.isDamaged =
+        faults.hasFound() || bytes.find('\0') != std::string::npos || bytes.size() == mostRead;
     return config;
 }
 
@@ -127,7 +128,7 @@ std::optional<wxString> configured(ECfgGroup group, const wxString& name)
     }
     catch (const std::filesystem::filesystem_error& error)
     {
-        warnOfConfig(file, wxString::FromUTF8(files::reasonOf(error)));
+        warnOfConfig(file, wxString::FromUTF8(files::reasonOf(error, file.utf8_string())));
     }
     return std::nullopt;
 }
@@ -183,23 +184,34 @@ bool setString(ECfgGroup group, const wxString& name, const wxString& value)
     try
     {
         std::filesystem::create_directories(file.GetPath().utf8_string());
+        const files::Kind kind = files::kindOf(path);
+        if (kind != files::Kind::Nothing && kind != files::Kind::File)
+        {
+            wxLogError(_("%s is not a file"), file.GetFullPath());
+            return false;
+        }
         Config config = readConfig(file.GetFullPath());
         if (config.isDamaged)
         {
             const std::string kept = files::keepAside(path, _(" (damaged)").utf8_string());
             wxLogWarning(_("The damaged configuration file was kept as '%s'."),
                          wxString::FromUTF8(kept));
-            config.values = std::make_unique<wxFileConfig>();
+            wxMemoryInputStream nothing("", 0);
+            config.values = std::make_unique<wxFileConfig>(nothing);
         }
         wxStringOutputStream text;
-        if (!config.values->Write(keyOf(group, name), value) || !config.values->Save(text))
+        wxString written;
+        config.values->Write(keyOf(group, name), value);
+        // A key may have been made immutable, by an exclamation mark before it.
+        if (!config.values->Read(keyOf(group, name), &written) || written != value ||
+            !config.values->Save(text))
             return false;
         files::replace(path, text.GetString().utf8_string());
         return true;
     }
     catch (const std::filesystem::filesystem_error& error)
     {
-        wxLogError("%s", wxString::FromUTF8(files::reasonOf(error)));
+        wxLogError("%s", wxString::FromUTF8(files::reasonOf(error, std::string())));
         return false;
     }
 }

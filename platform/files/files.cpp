@@ -10,7 +10,7 @@
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
+#include <functional>
 #include <linux/limits.h>
 #include <linux/magic.h>
 #include <optional>
@@ -18,6 +18,7 @@
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
 #include <sys/vfs.h>
 #include <sys/xattr.h>
@@ -33,16 +34,25 @@ namespace
 {
 
 constexpr mode_t kPermissionBits = 0777;
-constexpr mode_t kSpecialBits = 07000;
 constexpr mode_t kGroupBits = 070;
 constexpr mode_t kOtherBits = 07;
 constexpr mode_t kOwnerBits = 0700;
 constexpr mode_t kAnyWriteBit = 0222;
 constexpr mode_t kNewFileMode = 0666; // less what the user's mask or the folder takes away
 
+std::error_code codeOf(int error)
+{
+    return {error, std::generic_category()};
+}
+
 [[noreturn]] void fail(const char* step, const fs::path& path, int error)
 {
-    throw fs::filesystem_error(step, path, std::error_code(error, std::generic_category()));
+    throw fs::filesystem_error(step, path, codeOf(error));
+}
+
+[[noreturn]] void failWrite(const char* step, const fs::path& path, int error)
+{
+    throw WriteError(step, path, codeOf(error));
 }
 
 /// An open file, closed at the end of its scope.
@@ -58,10 +68,11 @@ public:
     Descriptor& operator=(const Descriptor&) = delete;
 
     int get() const noexcept { return m_number; }
+    int release() noexcept { return std::exchange(m_number, -1); }
     /// @return whether closing reported no error; a late write error comes here
     bool close() noexcept
     {
-        const int number = std::exchange(m_number, -1);
+        const int number = release();
         return number < 0 || ::close(number) == 0;
     }
 
@@ -85,12 +96,9 @@ public:
     TemporaryName(const TemporaryName&) = delete;
     TemporaryName& operator=(const TemporaryName&) = delete;
 
-    void renameTo(const fs::path& target)
-    {
-        if (::rename(m_path.c_str(), target.c_str()) != 0)
-            fail("rename", target, errno);
-        m_path.clear();
-    }
+    const char* get() const noexcept { return m_path.c_str(); }
+    /// The file has got another name.
+    void release() noexcept { m_path.clear(); }
 
 private:
     std::string m_path;
@@ -118,6 +126,19 @@ bool isOpenFileLink(const fs::path& link)
            folderOf(link).filename() == "fd";
 }
 
+/// Refuses to follow a link that somebody else has put into a folder where everybody may put files:
+/// as the system does where it is told to (fs.protected_symlinks), which never sees us follow it.
+void checkLink(const fs::path& link)
+{
+    struct stat own = {};
+    struct stat folder = {};
+    const bool isKnown =
+        ::lstat(link.c_str(), &own) == 0 && ::stat(folderOf(link).c_str(), &folder) == 0;
+    const bool isForAll = (folder.st_mode & S_ISVTX) != 0 && (folder.st_mode & S_IWOTH) != 0;
+    if (isKnown && isForAll && own.st_uid != ::geteuid() && own.st_uid != folder.st_uid)
+        fail("follow links", link, EACCES);
+}
+
 Target targetOf(const fs::path& start)
 {
     constexpr int kMostLinks = 40; // as many as the system follows
@@ -128,6 +149,7 @@ Target targetOf(const fs::path& start)
         const fs::path next = fs::read_symlink(target.path, notALink);
         if (notALink)
             return target;
+        checkLink(target.path);
         // "/dev/fd" is itself a link.
         std::error_code unknown;
         const fs::path folder = fs::canonical(folderOf(target.path), unknown);
@@ -151,8 +173,12 @@ Kind kindOf(const Target& target, struct stat& info)
 
 // --- Writing -----------------------------------------------------------------------------------
 
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::seconds kPatience{3};
+
 void writeAll(int descriptor, std::string_view bytes, const fs::path& path)
 {
+    constexpr int kLongestPause = 10000; // milliseconds without a byte that is taken
     while (!bytes.empty())
     {
         const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
@@ -161,10 +187,11 @@ void writeAll(int descriptor, std::string_view bytes, const fs::path& path)
         else if (errno == EAGAIN)
         {
             pollfd room = {descriptor, POLLOUT, 0};
-            ::poll(&room, 1, -1);
+            if (::poll(&room, 1, kLongestPause) == 0)
+                failWrite("write", path, ETIMEDOUT);
         }
         else if (errno != EINTR)
-            fail("write", path, errno);
+            failWrite("write", path, errno);
     }
 }
 
@@ -198,38 +225,46 @@ private:
     bool m_wasPending;
 };
 
+/// Takes a step again and again while it fails with an error that may pass.
+/// @return what the step returns when it is not negative @throw when patience ends
+int patiently(const std::function<int()>& step, int passingError, const fs::path& path)
+{
+    constexpr int kPauseMilliseconds = 10;
+    const Clock::time_point end = Clock::now() + kPatience;
+    for (;;)
+    {
+        const int result = step();
+        if (result >= 0)
+            return result;
+        if (errno != passingError || Clock::now() >= end)
+            fail("open", path, errno);
+        ::poll(nullptr, 0, kPauseMilliseconds);
+    }
+}
+
 int connectTo(const fs::path& path)
 {
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     if (path.native().size() >= sizeof(address.sun_path))
-        fail("connect", path, ENAMETOOLONG);
+        fail("open", path, ENAMETOOLONG);
     path.native().copy(address.sun_path, sizeof(address.sun_path) - 1);
-    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (descriptor >= 0 &&
-        ::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0)
-        return descriptor;
-    const int error = errno;
-    ::close(descriptor);
-    fail("connect", path, error);
+    Descriptor connection(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    const auto connect = [&]
+    {
+        return ::connect(connection.get(), reinterpret_cast<const sockaddr*>(&address),
+                         sizeof(address));
+    };
+    patiently(connect, EAGAIN, path);
+    return connection.release();
 }
 
 /// Opens a pipe or device. A pipe needs a reader, who may come later than the writer.
 int openStream(const fs::path& path, bool isPipe)
 {
-    constexpr std::chrono::seconds kPatience{3};
-    constexpr int kPauseMilliseconds = 10;
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    for (;;)
-    {
-        const int descriptor =
-            ::open(path.c_str(), O_WRONLY | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-        if (descriptor >= 0)
-            return descriptor;
-        if (errno != ENXIO || !isPipe || std::chrono::steady_clock::now() >= end)
-            fail("open", path, errno);
-        ::poll(nullptr, 0, kPauseMilliseconds);
-    }
+    const auto open = [&path]
+    { return ::open(path.c_str(), O_WRONLY | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); };
+    return patiently(open, isPipe ? ENXIO : 0, path);
 }
 
 /// What this process has open itself is not opened anew: a socket cannot be, and a file would be
@@ -252,7 +287,7 @@ void writeIntoStream(const Target& target, mode_t mode, std::string_view bytes)
     const WithoutPipeSignal quiet;
     writeAll(stream.get(), bytes, target.path);
     if (!stream.close())
-        fail("close", target.path, errno);
+        failWrite("close", target.path, errno);
 }
 
 // --- Permissions -------------------------------------------------------------------------------
@@ -281,39 +316,155 @@ std::vector<std::string> attributeNames(const fs::path& path)
     return names;
 }
 
-/// What an access list allows the owning group, as the group's bits of a mode. While there is a
-/// list, those bits tell the most that anybody named in the list may have, which is more.
-mode_t groupBitsOf(const std::string& accessList)
+/// An entry of an access list, as it is stored; see posix_acl_xattr.h of the Linux kernel. Numbers
+/// are stored with the least significant byte first, which is that of the systems we run on.
+struct AccessEntry
 {
-    // Four bytes of version, then entries of tag, permissions (two bytes each) and id (four); see
-    // posix_acl_xattr.h of the Linux kernel. The least significant byte comes first.
-    constexpr std::size_t kVersionSize = 4;
-    constexpr std::size_t kEntrySize = 8;
-    constexpr char kOwningGroup = 0x04;
-    for (std::size_t i = kVersionSize; i + kEntrySize <= accessList.size(); i += kEntrySize)
-        if (accessList[i] == kOwningGroup && accessList[i + 1] == 0)
-            return static_cast<mode_t>(accessList[i + 2] & 07) << 3;
-    return 0;
+    enum Tag : std::uint16_t
+    {
+        Owner = 0x01,
+        User = 0x02,
+        OwningGroup = 0x04,
+        Group = 0x08,
+        Mask = 0x10,
+        Others = 0x20,
+    };
+
+    std::uint16_t tag;
+    std::uint16_t permissions; // three bits, as those of a mode
+    std::uint32_t id;
+};
+
+constexpr std::size_t kListVersionSize = 4;
+
+std::vector<AccessEntry> entriesOf(const std::string& list)
+{
+    std::vector<AccessEntry> entries((list.size() - std::min(list.size(), kListVersionSize)) /
+                                     sizeof(AccessEntry));
+    std::memcpy(entries.data(), list.data() + kListVersionSize,
+                entries.size() * sizeof(AccessEntry));
+    return entries;
 }
 
-/// Gives a file the access list of another. @return whether it has that now
-bool giveAccessList(int descriptor, const std::optional<std::string>& list)
+/// Who has what: the three classes of a mode, and the named users and groups.
+class Access
 {
-    if (list)
-        return ::fsetxattr(descriptor, kAccessList, list->data(), list->size(), 0) == 0;
-    // The folder may have given it one.
+public:
+    Access(mode_t mode, const std::optional<std::string>& list)
+        : m_mode(mode)
+    {
+        if (!list)
+            return;
+        m_version = list->substr(0, kListVersionSize);
+        m_entries = entriesOf(*list);
+    }
+
+    bool hasList() const { return !m_entries.empty(); }
+
+    /// Gives the classes of a file that has got another owner, another group, or both, no more than
+    /// their members had. With a list, the old ones become entries of their own.
+    void takeFrom(std::optional<uid_t> oldOwner, std::optional<gid_t> oldGroup)
+    {
+        if (oldOwner && !hasList()) // who is among the group or the others now
+            m_mode &= kOwnerBits | (m_mode & kOwnerBits) >> 3 | (m_mode & kOwnerBits) >> 6;
+        if (hasList())
+        {
+            if (oldOwner)
+                add(AccessEntry::User, permissionsOf(AccessEntry::Owner), *oldOwner);
+            if (oldGroup)
+            {
+                const std::uint16_t group = permissionsOf(AccessEntry::OwningGroup);
+                add(AccessEntry::Group, group, *oldGroup);
+                limit(AccessEntry::OwningGroup, permissionsOf(AccessEntry::Others));
+            }
+        }
+        else if (oldGroup)
+        {
+            // The old group's members are among the others now, and others are in the new group.
+            const mode_t both = (m_mode >> 3) & m_mode & kOtherBits;
+            m_mode = (m_mode & ~(kGroupBits | kOtherBits)) | both << 3 | both;
+        }
+    }
+
+    /// The mode without a list: the named users and groups fall among the group or the others, who
+    /// get no more than any of them had.
+    mode_t modeWithoutList() const
+    {
+        mode_t least = hasList() ? kOtherBits : (m_mode >> 3) & kOtherBits;
+        for (const AccessEntry& entry : m_entries)
+            if (entry.tag != AccessEntry::Owner && entry.tag != AccessEntry::Others)
+                least &= entry.permissions;
+        const mode_t others = hasList() ? m_mode & least : m_mode & kOtherBits;
+        return (m_mode & ~(kGroupBits | kOtherBits)) | least << 3 | others;
+    }
+
+    mode_t mode() const { return m_mode; }
+
+    std::string list() const
+    {
+        std::string bytes = m_version;
+        bytes.append(reinterpret_cast<const char*>(m_entries.data()),
+                     m_entries.size() * sizeof(AccessEntry));
+        return bytes;
+    }
+
+private:
+    std::uint16_t permissionsOf(AccessEntry::Tag tag) const
+    {
+        const auto found = std::find_if(m_entries.begin(), m_entries.end(),
+                                        [tag](const AccessEntry& e) { return e.tag == tag; });
+        return found == m_entries.end() ? std::uint16_t{0} : found->permissions;
+    }
+
+    void limit(AccessEntry::Tag tag, std::uint16_t most)
+    {
+        for (AccessEntry& entry : m_entries)
+            if (entry.tag == tag)
+                entry.permissions &= most;
+    }
+
+    /// Adds an entry behind those of its kind, where the list has none for the user or group.
+    void add(AccessEntry::Tag tag, std::uint16_t permissions, std::uint32_t id)
+    {
+        const auto isIt = [=](const AccessEntry& e) { return e.tag == tag && e.id == id; };
+        if (std::any_of(m_entries.begin(), m_entries.end(), isIt))
+            return;
+        const auto behind = std::find_if(m_entries.begin(), m_entries.end(),
+                                         [tag](const AccessEntry& e) { return e.tag > tag; });
+        m_entries.insert(behind, {tag, permissions, id});
+    }
+
+    mode_t m_mode;
+    std::string m_version;
+    std::vector<AccessEntry> m_entries; // none where there is no list
+};
+
+/// Gives a file an access list, or takes away the one that its folder has given it.
+/// @return whether it is as wanted now
+bool giveList(int descriptor, const Access& access)
+{
+    const std::string list = access.list();
+    if (access.hasList())
+        return ::fsetxattr(descriptor, kAccessList, list.data(), list.size(), 0) == 0;
     return ::fremovexattr(descriptor, kAccessList) == 0 || errno == ENODATA || errno == ENOTSUP;
 }
 
-/// Gives a file the owner, permissions, access list and attributes of another. Only a privileged
-/// user may give a file away, so the owner stays where the system refuses; the group is tried by
-/// itself then.
+/// Sets the permissions of a file. Some shares know none; then it must be allowed no more anyway.
+void giveMode(int descriptor, mode_t mode, const fs::path& path)
+{
+    if (::fchmod(descriptor, mode) == 0)
+        return;
+    const int error = errno;
+    struct stat info = {};
+    if (::fstat(descriptor, &info) != 0 || (info.st_mode & kPermissionBits & ~mode) != 0)
+        fail("set permissions", path, error);
+}
+
+/// Gives a file, which only its owner may use yet, the owner, permissions, access list and
+/// attributes of another. Only a privileged user may give a file away, so the owner stays where the
+/// system refuses; the group is tried by itself then. Nobody gets more access than before.
 void giveTo(int descriptor, const fs::path& other, const struct stat& info)
 {
-    constexpr auto kSameOwner = static_cast<uid_t>(-1);
-    const bool keepsOwner = ::fchown(descriptor, info.st_uid, info.st_gid) == 0;
-    const bool keepsGroup = keepsOwner || ::fchown(descriptor, kSameOwner, info.st_gid) == 0;
-
     for (const std::string& name : attributeNames(other))
     {
         // What cannot be kept gives nobody access.
@@ -323,18 +474,22 @@ void giveTo(int descriptor, const fs::path& other, const struct stat& info)
             (void)::fsetxattr(descriptor, name.c_str(), value->data(), value->size(), 0);
     }
 
-    mode_t mode = info.st_mode & (kPermissionBits | (keepsOwner ? kSpecialBits : 0));
-    const auto list = attribute(other, kAccessList);
-    // Another group gets what it had as one of the others.
-    if (!keepsGroup)
-        mode &= ~kGroupBits | (mode & kOtherBits) << 3;
-    const bool keepsList = giveAccessList(descriptor, keepsGroup ? list : std::nullopt);
-    if (list && !(keepsGroup && keepsList))
-        mode &= ~kGroupBits | groupBitsOf(*list);
-    if (!list && !keepsList)
-        mode &= ~kGroupBits;
-    if (::fchmod(descriptor, mode) != 0)
-        fail("set permissions", other, errno);
+    constexpr auto kSameOwner = static_cast<uid_t>(-1);
+    const bool isGiven = ::fchown(descriptor, info.st_uid, info.st_gid) == 0 ||
+                         ::fchown(descriptor, kSameOwner, info.st_gid) == 0;
+    (void)isGiven; // what came of it is looked at
+    struct stat now = {};
+    if (::fstat(descriptor, &now) != 0)
+        fail("look at", other, errno);
+
+    Access access(info.st_mode & kPermissionBits, attribute(other, kAccessList));
+    access.takeFrom(now.st_uid == info.st_uid ? std::nullopt : std::optional(info.st_uid),
+                    now.st_gid == info.st_gid ? std::nullopt : std::optional(info.st_gid));
+    const bool hasItsList = giveList(descriptor, access);
+    mode_t mode = hasItsList ? access.mode() : access.modeWithoutList();
+    if (!hasItsList && !access.hasList())
+        mode &= ~kGroupBits; // the folder's list stays, and the group's bits are its mask
+    giveMode(descriptor, mode, other);
 }
 
 // --- Replacing ---------------------------------------------------------------------------------
@@ -350,7 +505,7 @@ void checkWritable(const fs::path& target, const struct stat* old, std::size_t s
         fail("replace", target, errno);
     struct rlimit limit = {};
     if (::getrlimit(RLIMIT_FSIZE, &limit) == 0 && size > limit.rlim_cur)
-        fail("write", target, EFBIG);
+        failWrite("write", target, EFBIG);
 }
 
 /// Creates a file of a new name in a folder. @param path takes the name
@@ -379,63 +534,123 @@ void syncFolder(const fs::path& folder)
         (void)::fsync(opened.get());
 }
 
-void replaceFile(const fs::path& target, const struct stat* old, std::string_view bytes)
+/// Writes a new file of a temporary name into a folder. @param old  what it is to be like; null for
+/// nothing @param target  for messages
+std::string writeBeside(const fs::path& target, const struct stat* old, std::string_view bytes)
 {
-    checkWritable(target, old, bytes.size());
-    const fs::path folder = folderOf(target);
-    std::string temporaryPath;
+    std::string path;
     // Nobody who may not read the old file may read the new one, not even for a moment.
-    const mode_t mode = old ? old->st_mode & kOwnerBits : kNewFileMode;
-    Descriptor file(createIn(folder, mode, temporaryPath));
-    TemporaryName temporary(temporaryPath);
+    constexpr mode_t kOwnersOnly = 0600;
+    Descriptor file(createIn(folderOf(target), old ? kOwnersOnly : kNewFileMode, path));
+    TemporaryName temporary(path);
     if (old)
         giveTo(file.get(), target, *old);
     writeAll(file.get(), bytes, target);
     if (::fsync(file.get()) != 0)
-        fail("synchronize", target, errno);
+        failWrite("synchronize", target, errno);
     if (!file.close())
-        fail("close", target, errno);
-    temporary.renameTo(target);
-    syncFolder(folder);
+        failWrite("close", target, errno);
+    temporary.release();
+    return path;
+}
+
+void replaceFile(const fs::path& target, const struct stat* old, std::string_view bytes)
+{
+    checkWritable(target, old, bytes.size());
+    TemporaryName temporary(writeBeside(target, old, bytes));
+    if (::rename(temporary.get(), target.c_str()) != 0)
+        failWrite("rename", target, errno);
+    temporary.release();
+    syncFolder(folderOf(target));
+}
+
+/// Copies a file to a name that must be free. @return 0, or the error
+int copyTo(const fs::path& file, const fs::path& copy)
+{
+    struct stat info = {};
+    if (::stat(file.c_str(), &info) != 0)
+        return errno;
+    const std::string bytes = beginningOf(file, static_cast<std::size_t>(info.st_size));
+    TemporaryName temporary(writeBeside(file, &info, bytes));
+    constexpr unsigned kNoReplace = 1; // RENAME_NOREPLACE of the Linux kernel
+    const bool isRenamed = ::syscall(SYS_renameat2, AT_FDCWD, temporary.get(), AT_FDCWD,
+                                     copy.c_str(), kNoReplace) == 0;
+    // File systems that know no such thing have no hard links, either, so there is no other way.
+    const bool mustLook = !isRenamed && (errno == EINVAL || errno == ENOSYS);
+    if (mustLook && fs::exists(fs::symlink_status(copy)))
+        return EEXIST;
+    if (!isRenamed && !(mustLook && ::rename(temporary.get(), copy.c_str()) == 0))
+        return errno;
+    temporary.release();
+    return 0;
+}
+
+/// A name shortened to so many bytes, by whole letters of UTF-8.
+std::string shortened(std::string name, std::size_t most)
+{
+    if (name.size() <= most)
+        return name;
+    const auto isInsideALetter = [&](std::size_t i) { return (name[i] & 0xC0) == 0x80; };
+    while (most > 0 && isInsideALetter(most))
+        --most;
+    name.resize(most);
+    return name;
 }
 
 } // namespace
 
-std::string reasonOf(const fs::filesystem_error& failure)
+std::string reasonOf(const fs::filesystem_error& failure, const std::string& named)
 {
-    return failure.path1().native() + ": " + failure.code().message();
+    const std::string& culprit = failure.path1().native();
+    return (culprit == named ? std::string() : culprit + ": ") + failure.code().message();
 }
 
 Kind kindOf(const std::string& path)
 {
-    struct stat info = {};
-    return kindOf(targetOf(path), info);
+    try
+    {
+        struct stat info = {};
+        return kindOf(targetOf(path), info);
+    }
+    catch (const fs::filesystem_error&) // links lead in a circle, for instance
+    {
+        return Kind::Nothing;
+    }
 }
 
 std::string beginningOf(const std::string& path, std::size_t size)
 {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (file.get() < 0)
+        fail("open", path, errno);
     std::string bytes(size, '\0');
-    const ssize_t count = file.get() < 0 ? -1 : ::read(file.get(), bytes.data(), size);
-    if (count < 0)
-        fail("read", path, errno);
-    bytes.resize(static_cast<std::size_t>(count));
+    std::size_t done = 0;
+    ssize_t count = 1;
+    while (done < size && count > 0)
+    {
+        count = ::read(file.get(), bytes.data() + done, size - done);
+        if (count < 0 && errno != EINTR)
+            fail("read", path, errno);
+        done += static_cast<std::size_t>(std::max(count, ssize_t{0}));
+        if (count < 0)
+            count = 1; // interrupted, and to be repeated
+    }
+    bytes.resize(done);
     return bytes;
 }
 
 bool looksLikeText(std::string_view beginning)
 {
-    constexpr std::array<std::string_view, 2> kWideMarks = {"\xFF\xFE", "\xFE\xFF"};
-    for (const std::string_view mark : kWideMarks)
-        if (beginning.substr(0, mark.size()) == mark)
-            return true;
-    constexpr std::string_view kTextControls = "\t\n\v\f\r";
-    return std::all_of(beginning.begin(), beginning.end(),
-                       [&](char c)
-                       {
-                           const bool isControl = static_cast<unsigned char>(c) < ' ';
-                           return !isControl || kTextControls.find(c) != std::string_view::npos;
-                       });
+    using namespace std::string_view_literals;
+    const auto beginsWith = [beginning](std::string_view mark)
+    { return beginning.substr(0, mark.size()) == mark; };
+    constexpr std::array kWideMarks = {"\xFF\xFE"sv, "\xFE\xFF"sv};
+    if (std::any_of(kWideMarks.begin(), kWideMarks.end(), beginsWith))
+        return true;
+    // Those of which the beginning may pass for a text.
+    constexpr std::array kOthers = {"\x89PNG"sv, "%PDF-"sv, "PK\3\4"sv, "GIF8"sv, "\xFF\xD8\xFF"sv};
+    return std::none_of(kOthers.begin(), kOthers.end(), beginsWith) &&
+           beginning.find('\0') == std::string_view::npos;
 }
 
 void replace(const std::string& path, std::string_view bytes)
@@ -466,22 +681,15 @@ std::string keepAside(const std::string& path, const std::string& remark)
     for (int i = 1; i <= kMostTries; ++i)
     {
         const std::string end = (i > 1 ? remark + " " + std::to_string(i) : remark) + extension;
-        std::string stem = file.stem();
-        stem.resize(std::min(stem.size(), kLongestName - std::min(kLongestName, end.size())));
-        while (!stem.empty() && stem.size() + end.size() == kLongestName && (stem.back() & 0x80))
-            stem.pop_back(); // a letter that may have been cut
-        const fs::path kept = folderOf(file) / (stem + end);
+        const std::size_t room = kLongestName - std::min(kLongestName, end.size());
+        const fs::path kept = folderOf(file) / (shortened(file.stem(), room) + end);
         if (::link(file.c_str(), kept.c_str()) == 0)
             return kept;
-        std::error_code failure(errno, std::generic_category());
-        if (failure == std::errc::file_exists)
-            continue;
-        if (fs::copy_file(file, kept, failure))
+        const int error = errno == EEXIST ? EEXIST : copyTo(file, kept);
+        if (error == 0)
             return kept;
-        if (failure == std::errc::file_exists)
-            continue;
-        ::unlink(kept.c_str()); // a part of a copy
-        fail("keep", kept, failure.value());
+        if (error != EEXIST)
+            fail("keep", kept, error);
     }
     fail("keep", file, EEXIST);
 }

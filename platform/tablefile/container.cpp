@@ -110,8 +110,8 @@ std::string_view magicOf(std::string_view file)
 {
     const std::string_view magic = file.substr(0, kMagicSize);
     if (std::find(kMagics.begin(), kMagics.end(), magic) == kMagics.end())
-        throw Error{Status::NotATable, 0, reason("the file does not begin like a plot style table"),
-                    Place::File};
+        throw Error{Status::NotATable, 0,
+                    reason("the file does not have the header of a plot style table"), Place::File};
     return magic;
 }
 
@@ -144,8 +144,8 @@ Buffer unpack(std::string_view file)
         if (std::optional<Buffer> text = inflateAt(offset))
             return std::move(*text);
     }
-    throw Error{Status::NotATable, kStreamOffset, reason("there is no whole zlib stream"),
-                Place::File};
+    throw Error{Status::NotATable, kStreamOffset,
+                reason("the compressed data is incomplete or damaged"), Place::File};
 }
 
 Buffer pack(std::string_view magic, const std::string& text)

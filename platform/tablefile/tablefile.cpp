@@ -32,10 +32,6 @@ Error errorOf(const Step& step)
     {
         return error;
     }
-    catch (const std::filesystem::filesystem_error& error)
-    {
-        return {Status::CannotWrite, 0, files::reasonOf(error)};
-    }
     catch (const std::bad_alloc&)
     {
         return {Status::TooLarge, 0, reason("out of memory")};
@@ -126,7 +122,15 @@ Error save(const std::string& path, const OdPsPlotStyleTable& table)
         [&]
         {
             Buffer made;
-            files::replace(path, bytesOf(table, made));
+            const std::string_view bytes = bytesOf(table, made);
+            try
+            {
+                files::replace(path, bytes);
+            }
+            catch (const std::filesystem::filesystem_error& error)
+            {
+                throw Error{Status::CannotWrite, 0, files::reasonOf(error, path)};
+            }
         });
 }
 

@@ -60,7 +60,8 @@ bool booleanAt(std::string_view text, Span span)
 void decodeText(std::string_view text, Span span, std::wstring& decoded)
 {
     if (span.end - span.begin > kMaxValue)
-        throw Error{Status::TooLarge, span.begin, reason("a text is too long"), Place::Text};
+        throw Error{Status::TooLarge, span.begin, reason("a name or description is too long"),
+                    Place::Text};
     readText(span.in(text), decoded);
 }
 

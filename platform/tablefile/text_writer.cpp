@@ -146,7 +146,7 @@ std::string writeTextValue(const std::wstring& text)
 {
     std::string written = writeText(text);
     if (written.size() > kMaxValue)
-        throw Error{Status::TooLarge, 0, reason("a text is too long")};
+        throw Error{Status::TooLarge, 0, reason("a name or description is too long")};
     return written;
 }
 

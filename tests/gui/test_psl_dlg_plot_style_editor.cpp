@@ -612,8 +612,9 @@ TEST_F(EditorTest, SortButtonIsThereOnlyForAListOutOfOrder)
 TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
 {
     const char* const noTable =
-        "the file does not begin like a plot style table (at byte 0 of the file)";
-    const char* const noStream = "there is no whole zlib stream (at byte 60 of the file)";
+        "the file does not have the header of a plot style table (at byte 0 of the file)";
+    const char* const noStream =
+        "the compressed data is incomplete or damaged (at byte 60 of the file)";
     const wxString subfolder = folder.file("folder.ctb");
     wxMkdir(subfolder);
     const wxString good = makeTable("good.ctb");
@@ -633,7 +634,7 @@ TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
         {"bomb.ctb", support::pack(std::string(size_t{64} << 20, ' ')),
          "the text is too long (at byte 60 of the file)"},
         {"value.ctb", support::pack("apply_factor=maybe\nplot_style{\n}\n"),
-         "a value is neither TRUE nor FALSE (at byte 13 of its text)"},
+         "a value is neither TRUE nor FALSE (at byte 13 of the uncompressed text)"},
     };
     for (const auto& c : cases)
     {
@@ -670,8 +671,8 @@ TEST_F(EditorTest, AFolderIsNotOverwritten)
     ErrorLog log;
     editor.press(wxID_OK);
     EXPECT_FALSE(editor.hasEnded());
-    EXPECT_EQ(log.messages(), std::vector<wxString>{"Failed to save file: " + subfolder + "\n" +
-                                                    subfolder + ": Is a directory"});
+    EXPECT_EQ(log.messages(),
+              std::vector<wxString>{"Failed to save file: " + subfolder + "\nIs a directory"});
     EXPECT_TRUE(wxDirExists(subfolder));
 }
 

@@ -310,7 +310,7 @@ TEST_F(WithoutADisplay, ReportsWhatItCannotExport)
     const Result noTable = run({"--export", makeFile("text.ctb", "no table")});
     EXPECT_EQ(noTable.status, 1);
     EXPECT_EQ(noTable.output, "");
-    EXPECT_NE(noTable.errors.find("is not a plot style table"), std::string::npos);
+    EXPECT_NE(noTable.errors.find("cannot be opened as a plot style table"), std::string::npos);
     const Result noTarget =
         run({"--export", makeTable("table.stb"), folder.file("missing/table.csv")});
     EXPECT_EQ(noTarget.status, 1);
@@ -433,7 +433,7 @@ TEST_F(WithoutADisplay, ReportsWhatItCannotDraw)
     const Result noTable =
         run({"--picture", makeFile("text.ctb", "no table"), folder.file("a.png")});
     EXPECT_EQ(noTable.status, 1);
-    EXPECT_NE(noTable.errors.find("is not a plot style table"), std::string::npos);
+    EXPECT_NE(noTable.errors.find("cannot be opened as a plot style table"), std::string::npos);
     const wxString table = makeTable("table.ctb");
     const Result noTarget = run({"--picture", table, folder.file("missing/a.png")});
     EXPECT_EQ(noTarget.status, 1);
@@ -468,8 +468,8 @@ TEST_F(WithoutADisplay, WritesThroughLinksAndRefusesReadOnlyFiles)
         std::filesystem::permissions(path, std::filesystem::perms::owner_read);
         const Result refused = run({commands[i], table, target});
         EXPECT_EQ(refused.status, 1);
-        EXPECT_EQ(refused.errors, "pstyle: Failed to create or open file: " + path.native() + ": " +
-                                      path.native() + ": Permission denied\n");
+        EXPECT_EQ(refused.errors, "pstyle: Failed to create or open file: " + path.native() +
+                                      ": Permission denied\n");
         EXPECT_EQ(readBytes(target), bytes);
     }
 }
@@ -485,7 +485,7 @@ TEST_F(WithoutADisplay, WritesIntoStandardOutputByItsName)
     EXPECT_EQ(picture.output.substr(1, 3), "PNG");
     EXPECT_TRUE(std::filesystem::is_symlink("/dev/stdout"));
     EXPECT_EQ(run({"--export", table, "/dev/full"}).errors,
-              "pstyle: Failed to save file: /dev/full: /dev/full: No space left on device\n");
+              "pstyle: Failed to save file: /dev/full: No space left on device\n");
 }
 
 TEST_F(WithoutADisplay, LeavesPathsToTheSystem)
@@ -545,13 +545,48 @@ TEST_F(Program, CreatesACopyOnlyWhereThereIsNothing)
     {
         const Result result = run({"--source", from, folder.file(to)});
         EXPECT_EQ(result.status, 2);
-        EXPECT_NE(result.errors.find("needs the extension"), std::string::npos) << result.errors;
+        EXPECT_NE(result.errors.find("must have the extension"), std::string::npos)
+            << result.errors;
     }
     const Result damaged = run({"--source", makeFile("bad.ctb", "x"), folder.file("new.ctb")});
     EXPECT_EQ(damaged.status, 1);
-    EXPECT_NE(damaged.errors.find("is not a plot style table: the file does not begin"),
+    EXPECT_NE(damaged.errors.find("cannot be opened as a plot style table: the file does not have"),
               std::string::npos)
         << damaged.errors;
+}
+
+TEST_F(WithoutADisplay, KnowsFoldersOfAnyName)
+{
+    const wxString tables = folder.file(L"é");
+    wxMkdir(tables);
+    support::writeFile((tables + "/mine.stb").utf8_string(), "");
+    environment.emplace_back("LC_ALL", "C");
+    environment.emplace_back("PSTYLE_PLOT_STYLE_PATH", tables.utf8_string());
+    EXPECT_EQ(run({"--list"}).output, "mine.stb\n");
+}
+
+TEST_F(WithoutADisplay, SaysThatAFileGrowsTooLarge)
+{
+    const std::string command = "ulimit -f 1; '" PSTYLE_PROGRAM "' --export '" +
+                                makeTable("table.ctb").utf8_string() + "' >'" +
+                                folder.file("output").utf8_string() + "' 2>/dev/null";
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+}
+
+TEST_F(WithoutADisplay, DrawsAQuarterOfAMillionStyles)
+{
+    for (const char* const kind : {"CTB", "STB"})
+    {
+        std::string text = "plot_style{\n";
+        for (int i = 0; i < 250000; ++i)
+            text += std::to_string(i) + "{\n}\n";
+        support::Container container;
+        container.kind = kind;
+        const wxString table = makeFile("large", support::pack(text + "}\n", container));
+        const wxString picture = folder.file("large.png");
+        EXPECT_EQ(run({"--picture", table, picture}).status, 0);
+        EXPECT_EQ(imageAt(picture).GetSize(), wxSize(362, 512));
+    }
 }
 
 TEST_F(WithoutADisplay, SaysThatMemoryIsOut)
@@ -583,8 +618,8 @@ TEST_F(WithoutADisplay, SpeaksTheUsersLanguage)
     environment.push_back({"LANGUAGE", "de"});
     EXPECT_EQ(run({"--export", makeFile("text.ctb", "no table")}).errors,
               "pstyle: " + folder.file("text.ctb").utf8_string() +
-                  " ist keine Plotstiltabelle: "
-                  "die Datei beginnt nicht wie eine Plotstiltabelle (bei Byte 0 der Datei)\n");
+                  " kann nicht als Plotstiltabelle geöffnet werden: "
+                  "die Datei hat nicht den Kopf einer Plotstiltabelle (bei Byte 0 der Datei)\n");
     EXPECT_NE(run({"--help"}).output.find("Aufruf: pstyle"), std::string::npos);
     EXPECT_EQ(run({"--nonsense"}).errors,
               "pstyle: unbekannte Option --nonsense\npstyle: siehe „pstyle --help“\n");

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-/// Tests in which the editor is opened on a file. Whatever the program's libraries write to
-/// standard error, and any assertion of the toolkit, fails them.
+/// Tests in which the editor is opened on a file. Whatever the program writes to standard error
+/// beyond what is expected, and any assertion of the toolkit, fails them.
 class EditorSession : public testing::Test
 {
 protected:
@@ -47,6 +47,8 @@ protected:
     std::vector<std::string> savedNames();
     OdPsPlotStyleData savedData(int style);
 
+    /// What the program itself shall have written to standard error: its messages about files.
+    std::string expectedErrors;
     support::TempFolder folder;
     std::string file;
 

@@ -82,6 +82,24 @@ TEST_F(TakenNames, AddingANameOfAnotherStyleEndsSilently)
     EXPECT_EQ(editor().wait(), 1) << "nothing was changed";
 }
 
+TEST_F(Dialogs, TheChooserOpensOnAHundredThousandFilesAndLinksInCircles)
+{
+    for (int i = 0; i < 100000; ++i)
+    {
+        const auto sub = folder / ("sub" + std::to_string(i / 1000));
+        std::filesystem::create_directory(sub);
+        support::writeFile(sub / (std::to_string(i) + ".ctb"), "");
+    }
+    std::filesystem::create_directory_symlink(".", folder / "a");
+    std::filesystem::create_directory_symlink(".", folder / "b");
+    start({});
+    editor().click("ComboSourceFile");
+    editor().type("old.ctb");
+    editor().hands().key("Return");
+    ASSERT_TRUE(editor().waitForDialog("Plot Style Table Editor - old.ctb"));
+    editor().key("Escape");
+}
+
 TEST_F(Dialogs, TheChooserIsWorkedByMnemonics)
 {
     start({});

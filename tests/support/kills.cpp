@@ -67,11 +67,16 @@ void killWhileReplacing(const std::filesystem::path& file, const std::string& be
     int oldOnes = 0;
     for (int i = 0; i < kKills; ++i)
     {
-        writeFile(file, before);
+        const bool isNew = i % 2 == 1;
+        if (isNew)
+            std::filesystem::remove(file);
+        else
+            writeFile(file, before);
         killWithin(time, startRepeating(replace), random);
-        const std::string now = readFile(file);
-        ASSERT_TRUE(now == before || now == after) << "kill " << i;
-        oldOnes += now == before ? 1 : 0;
+        const bool isMissing = !std::filesystem::exists(file);
+        const std::string now = isMissing ? std::string() : readFile(file);
+        ASSERT_TRUE(now == after || (isNew ? isMissing : now == before)) << "kill " << i;
+        oldOnes += now == after ? 0 : 1;
     }
     testing::Test::RecordProperty("kills_before_the_new_file", oldOnes);
     // Otherwise the kills came too early or too late to say anything.

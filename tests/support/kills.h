@@ -18,9 +18,10 @@ pid_t startRepeating(const std::function<bool()>& step);
 /// Waits for the end of a process. @return whether a kill ended it
 bool wasKilled(pid_t child);
 
-/// Kills a process at some moment while it replaces a file over and over, many times. Fails the test
-/// where the file is not one of both wholly afterwards, where anything but temporary files is left
-/// beside it, and where all kills came too early or too late to say anything.
+/// Kills a process at some moment while it replaces a file, or makes it, over and over; many times.
+/// Fails the test where the file is neither as before nor wholly new afterwards, where anything but
+/// temporary files is left beside it, and where all kills came too early or too late to say
+/// anything.
 /// @param replace  makes the file's bytes those of `after`
 void killWhileReplacing(const std::filesystem::path& file, const std::string& before,
                         const std::string& after, const std::function<bool()>& replace);

@@ -39,6 +39,7 @@ struct Entry
 constexpr std::uint16_t kOwner = 0x01;
 constexpr std::uint16_t kUser = 0x02;
 constexpr std::uint16_t kGroup = 0x04;
+constexpr std::uint16_t kNamedGroup = 0x08;
 constexpr std::uint16_t kMask = 0x10;
 constexpr std::uint16_t kOthers = 0x20;
 
@@ -190,22 +191,75 @@ TEST_F(FilesOfOthers, KeepTheirOwner)
 
 TEST_F(FilesOfOthers, GiveAnotherGroupNoMoreThanTheOthersHad)
 {
-    const fs::path path = make("a", 06672);
+    const fs::path path = make("a", 0672);
     ASSERT_EQ(replaceAsNobody(path), 0);
     EXPECT_EQ(readFile(path), "new");
     EXPECT_NE(statOf(path).st_gid, ::getegid());
     EXPECT_EQ(modeOf(path), 0622u);
 }
 
-TEST_F(FilesOfOthers, GiveNobodyMoreWhereTheListCannotBeKept)
+TEST_F(FilesOfOthers, GiveTheOldOwnerNoMoreAsOneOfTheGroup)
+{
+    const fs::path path = make("a", 0066);
+    ASSERT_EQ(replaceAsNobody(path), 0);
+    EXPECT_EQ(modeOf(path), 0000u);
+}
+
+TEST_F(FilesOfOthers, LoseTheirSpecialBits)
+{
+    const fs::path path = make("a", 06755);
+    ASSERT_EQ(replaceError(path), 0);
+    EXPECT_EQ(modeOf(path), 0755u);
+}
+
+TEST_F(FilesOfOthers, AreNotReachedByLinksThatOthersHavePutWhereEverybodyMay)
+{
+    constexpr uid_t kSomebody = 1234;
+    make("mine");
+    fs::create_directory(folder / "public");
+    ASSERT_EQ(::chmod((folder / "public").c_str(), 01777), 0);
+    for (const char* const target : {"mine", "new"})
+    {
+        const fs::path link = folder / "public" / (std::string("to ") + target);
+        fs::create_symlink(std::string("../") + target, link);
+        ASSERT_EQ(::lchown(link.c_str(), kSomebody, kSomebody), 0);
+        EXPECT_EQ(replaceError(link), EACCES);
+    }
+    EXPECT_EQ(readFile(folder / "mine"), "old");
+    EXPECT_FALSE(fs::exists(folder / "new"));
+}
+
+TEST_F(FilesOfOthers, GiveTheOldGroupNoMoreAsOthers)
+{
+    const fs::path path = make("a", 0606);
+    ASSERT_EQ(replaceAsNobody(path), 0);
+    EXPECT_EQ(modeOf(path), 0600u) << "the group had nothing";
+}
+
+TEST_F(FilesOfOthers, KeepTheListForEverybodyWhoIsInIt)
 {
     const fs::path path = make("a");
-    const std::string list =
-        accessList({{kOwner, 6}, {kUser, 6, 12345}, {kGroup, 4}, {kMask, 6}, {kOthers, 6}});
-    ASSERT_TRUE(setAttribute(path, kAccessList, list));
+    constexpr std::uint32_t kNobody = 65534;
+    ASSERT_TRUE(setAttribute(path, kAccessList,
+                             accessList({{kOwner, 6},
+                                         {kUser, 0, 2222},
+                                         {kUser, 6, kNobody},
+                                         {kGroup, 6},
+                                         {kNamedGroup, 0, 3333},
+                                         {kMask, 6},
+                                         {kOthers, 4}})));
     ASSERT_EQ(replaceAsNobody(path), 0);
-    EXPECT_EQ(attribute(path, kAccessList), "none");
-    EXPECT_EQ(modeOf(path), 0646u);
+    EXPECT_EQ(statOf(path).st_uid, kNobody);
+    EXPECT_EQ(attribute(path, kAccessList), accessList({{kOwner, 6},
+                                                        {kUser, 0, 2222},
+                                                        {kUser, 6, kNobody},
+                                                        {kUser, 6, 0}, // the old owner
+                                                        {kGroup, 4},   // the new group
+                                                        {kNamedGroup, 0, 3333},
+                                                        {kNamedGroup, 6, 0}, // the old group
+                                                        {kMask, 6},
+                                                        {kOthers, 4}}));
+    EXPECT_EQ(modeOf(path), 0664u);
 }
 
 TEST_F(Files, ThatAreReadOnlyAreNotReplacedByAnyone)
@@ -331,13 +385,57 @@ TEST_F(Files, AreKeptAsideUnderANameOfTheirOwn)
     EXPECT_EQ(readFile(folder / "table (old).ctb"), "old");
     EXPECT_EQ(modeOf(folder / "table (old).ctb"), 0640u);
     EXPECT_EQ(readFile(path), "new");
-    // A name that has no room for a remark loses the end of it, by whole letters.
-    std::string longName;
-    for (int i = 0; i < 125; ++i)
-        longName += "\xC3\xA4";
-    const fs::path kept = files::keepAside(make((longName + ".ctb").c_str()), " (old)");
-    EXPECT_EQ(readFile(kept), "old");
-    EXPECT_EQ(kept.filename().native(), longName.substr(0, 244) + " (old).ctb");
+}
+
+// A name that has no room for a remark loses its end, by whole letters.
+TEST_F(Files, WithLongNamesAreKeptAsideUnderShorterOnes)
+{
+    const struct
+    {
+        const char* letter;
+        int count;
+        const char* extension;
+        std::size_t kept;
+    } cases[] = {
+        {"\xC3\xA4", 125, ".ctb", 244},    {"\xE4\xB8\xAD", 83, ".ctb", 243},
+        {"\xE4\xB8\xAD", 82, ".stb", 243}, {"x", 251, ".ctb", 245},
+        {"y", 245, ".ctb", 245},           {"x", 244, ".ctb", 244},
+        {"\xF0\x9F\x98\x80", 62, "", 248},
+    };
+    for (const auto& c : cases)
+    {
+        std::string stem;
+        for (int i = 0; i < c.count; ++i)
+            stem += c.letter;
+        const fs::path kept = files::keepAside(make((stem + c.extension).c_str()), " (old)");
+        EXPECT_EQ(readFile(kept), "old");
+        EXPECT_EQ(kept.filename().native(), stem.substr(0, c.kept) + " (old)" + c.extension);
+    }
+}
+
+TEST_F(Files, ThatNobodyReadsFromFailInTheEnd)
+{
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    EXPECT_EQ(errorOf([&] { files::replace(pipe, std::string(300000, 'x')); }), ETIMEDOUT);
+    ::close(reader);
+}
+
+TEST_F(Files, BehindLinksInACircleAreNothing)
+{
+    fs::create_symlink("b", folder / "a");
+    fs::create_symlink("a", folder / "b");
+    EXPECT_EQ(files::kindOf(folder / "a"), files::Kind::Nothing);
+    EXPECT_EQ(replaceError(folder / "a"), ELOOP);
+}
+
+TEST(FileFailures, NameThePathToBlameUnlessItIsKnown)
+{
+    const fs::filesystem_error failure("write", "/a/b",
+                                       std::make_error_code(std::errc::no_space_on_device));
+    EXPECT_EQ(files::reasonOf(failure, "/a"), "/a/b: No space left on device");
+    EXPECT_EQ(files::reasonOf(failure, "/a/b"), "No space left on device");
 }
 
 TEST_F(Files, CannotBeKeptAsideWhereTheyAreMissing)
@@ -352,9 +450,9 @@ TEST(FileContents, AreTextsOrNot)
     for (const std::string_view text : {""sv, "a,b\r\n\tc\f"sv, "\xEF\xBB\xBF\xC3\xA4"sv, "\xE4"sv,
                                         "\xFF\xFE"
                                         "a\0"sv,
-                                        "\xFE\xFF\0a"sv})
+                                        "\xFE\xFF\0a"sv, "a\x1A"sv, "\x1B[1m"sv})
         EXPECT_TRUE(files::looksLikeText(text)) << text;
-    for (const std::string_view other : {"\x89PNG\r\n\x1A\n\0\0\0\rIHDR"sv, "a\0"sv,
-                                         "\x89PNG\r\n\x1A\n"sv, "PK\3\4"sv, "\x1B[1m"sv})
+    for (const std::string_view other :
+         {"\x89PNG\r\n\x1A\n"sv, "a\0"sv, "PK\3\4"sv, "%PDF-1.7\n"sv, "\xFF\xD8\xFF"sv})
         EXPECT_FALSE(files::looksLikeText(other)) << other;
 }

@@ -231,6 +231,9 @@ TEST_F(SheetLines, ShowsTheColoursOfALongRunInEqualDistances)
         colors->addNewStyle(L"x");
     const auto lines = sheetLines(*colors, 1000);
     ASSERT_EQ(lines.size(), 1u);
-    EXPECT_LE(lines[0].colors.size(), 255u);
-    EXPECT_EQ(lines[0].colors.front(), 0xFF0000u) << "that of the first style";
+    const Rgb& shown = lines[0].colors;
+    ASSERT_EQ(shown.size(), 255u);
+    EXPECT_EQ(shown.front(), 0xFF0000u) << "that of the first style";
+    // 1255 styles, of which every fifth is shown, roughly: the 6th is the second.
+    EXPECT_EQ(shown[1], OdCmEntityColor::lookUpRGB(1 + 1254 / 254));
 }

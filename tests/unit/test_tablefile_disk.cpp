@@ -58,8 +58,8 @@ constexpr int kNotPossible = 2;
 int failsToSave(const fs::path& path, const fs::path& culprit, const std::string& why)
 {
     const tablefile::Error error = tablefile::save(path.string(), *changedTable());
-    const bool isExpected =
-        error.status == Status::CannotWrite && error.what == culprit.string() + ": " + why;
+    const bool isExpected = error.status == Status::CannotWrite &&
+                            error.what == (culprit == path ? "" : culprit.string() + ": ") + why;
     if (!isExpected)
         std::fprintf(stderr, "the reason was \"%s\"\n", error.what.c_str());
     return isExpected ? kDone : kFailed;

@@ -139,3 +139,32 @@ TEST_F(Configuration, OfAnyBytesNeverFailsAnAssertion)
         std::filesystem::create_directory(folder / "pstyle");
     }
 }
+
+TEST_F(Configuration, ThatIsTooLongIsKeptToo)
+{
+    std::string bytes = "[7]\n";
+    for (int i = 0; i < 12000; ++i)
+        bytes += "K" + std::to_string(i) + "=" + std::string(100, 'v') + "\n";
+    support::writeFile(file(), bytes);
+    EXPECT_TRUE(store("/tables"));
+    EXPECT_EQ(value(), "/tables");
+    EXPECT_TRUE(support::readFile(folder / "pstyle/pstyle (damaged).conf") == bytes);
+}
+
+TEST_F(Configuration, ThatIsADeviceIsEmptyAndIsNotWritten)
+{
+    std::filesystem::create_symlink("/dev/zero", file());
+    EXPECT_TRUE(isDefault(value()));
+    EXPECT_FALSE(store("/tables"));
+    EXPECT_EQ(messages.texts, std::vector<wxString>{file().string() + " is not a file"});
+    EXPECT_EQ(names(), std::vector<std::string>{"pstyle.conf"});
+}
+
+TEST_F(Configuration, WithAnImmutableKeyIsNotChanged)
+{
+    const std::string bytes = "[6]\n!PlotStylePath=/x\n";
+    support::writeFile(file(), bytes);
+    EXPECT_FALSE(store("/y"));
+    EXPECT_EQ(support::readFile(file()), bytes);
+    EXPECT_EQ(value(), "/x");
+}

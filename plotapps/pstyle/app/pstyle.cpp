@@ -6,6 +6,7 @@
 #include "psl.h"
 #include "psl_csv.h"
 #include "psl_host_reason.h"
+#include "psl_path_text.h"
 
 #include "cmdapi/cma.h"
 #include "files/files.h"
@@ -22,11 +23,15 @@
 #include <wx/xrc/xmlres.h>
 
 #include <algorithm>
+#include <clocale>
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <new>
+#include <unistd.h>
 
 namespace
 {
@@ -48,6 +53,25 @@ int say(ExitStatus status, wxString message)
     return status;
 }
 
+// Runs a command. @return its status, after what has kept it from coming to an end has been said
+int guarded(const std::function<int()>& command)
+{
+    try
+    {
+        return command();
+    }
+    catch (
+        const std::filesystem::filesystem_error& error) // the current folder is gone, for instance
+    {
+        return say(exitFailed, systemText(files::reasonOf(error, std::string())));
+    }
+    catch (const std::bad_alloc&)
+    {
+        std::fputs("pstyle: out of memory\n", stderr);
+        return exitFailed;
+    }
+}
+
 // Prints lines on standard output. @return the status, after what went wrong has been said
 int print(const wxArrayString& lines)
 {
@@ -67,7 +91,7 @@ wxString fullPath(const std::string& argument)
         return wxString();
     std::filesystem::path path;
     for (const std::filesystem::path& part : std::filesystem::absolute(argument))
-        if (part != "." && !part.empty())
+        if (part != ".")
             path /= part;
     return wxString::FromUTF8(path.native());
 }
@@ -80,10 +104,10 @@ OdPsPlotStyleTablePtr sourceTable(const wxString& path)
         hostReason([&] { table = cma::loadPlotStyleTable(OdString(path.wc_str())); });
     if (!table.isNull())
         return table;
-    const wxString what = wxFileName::DirExists(path)         ? _("%s is a folder")
-                          : !wxFileName::Exists(path)         ? _("%s does not exist")
-                          : !wxFileName::IsFileReadable(path) ? _("%s cannot be read")
-                                                              : _("%s is not a plot style table");
+    const wxString what = wxFileName::DirExists(path) ? _("%s is a folder")
+                          : !wxFileName::Exists(path)
+                              ? _("%s does not exist")
+                              : _("%s cannot be opened as a plot style table");
     say(exitFailed, withReason(wxString::Format(what, path), reason));
     return nullptr;
 }
@@ -95,8 +119,8 @@ wxString copyProblem(const OdPsPlotStyleTable& source, const wxString& copy)
 {
     const wxString extension = source.isColorDependent() ? "ctb" : "stb";
     if (!wxFileName(copy).GetExt().IsSameAs(extension, false))
-        return wxString::Format(_("a copy of that table needs the extension .%s"), extension);
-    if (files::kindOf(copy.utf8_string()) != files::Kind::Nothing)
+        return wxString::Format(_("a copy of this table must have the extension .%s"), extension);
+    if (files::kindOf(systemPath(copy)) != files::Kind::Nothing)
         return wxString::Format(_("%s exists already"), copy);
     return wxString();
 }
@@ -105,7 +129,7 @@ int edit(const Options& options)
 {
     const wxString file = fullPath(options.file);
     const wxString source = fullPath(options.source);
-    switch (files::kindOf(file.utf8_string()))
+    switch (files::kindOf(systemPath(file)))
     {
     case files::Kind::Nothing:
     case files::Kind::File:
@@ -147,7 +171,8 @@ int choose(const Options&)
     return startPlotStyleEditor(nullptr) ? exitDone : exitFailed;
 }
 
-// Writes messages on standard error, and hands them on to what shows them in windows.
+// Writes messages on standard error. Where another target shows them in windows, only those about
+// files, which come to the status line, too.
 class StandardErrorLog : public wxLog
 {
 public:
@@ -167,7 +192,7 @@ private:
     void DoLogRecord(wxLogLevel level, const wxString& message,
                      const wxLogRecordInfo& info) override
     {
-        if (level <= wxLOG_Status)
+        if (m_windows ? level == wxLOG_Status : level < wxLOG_Status)
             say(exitFailed, message);
         if (m_windows)
             m_windows->LogRecord(level, message, info);
@@ -209,12 +234,12 @@ public:
 
     int OnRun() override
     {
-        const int status = m_run();
+        const int status = guarded(m_run);
         wxLog::FlushActive();
         return status;
     }
 
-    // What there is too little memory for is not done; the rest goes on.
+    // What a command of the user has failed at is not done; the rest goes on, and nothing is lost.
     bool OnExceptionInMainLoop() override
     {
         try
@@ -224,8 +249,12 @@ public:
         catch (const std::bad_alloc&)
         {
             wxLogError("%s", _("out of memory"));
-            return true;
         }
+        catch (const std::exception& error)
+        {
+            wxLogError("%s", systemText(error.what()));
+        }
+        return true;
     }
 
 private:
@@ -299,17 +328,17 @@ int drawTable(const Options& options)
     const wxString target = fullPath(options.file);
     try
     {
-        if (!mayBecomePicture(target.utf8_string()))
+        if (!mayBecomePicture(systemPath(target)))
             return say(exitFailed,
                        wxString::Format(_("%s is not a picture and is not replaced"), target));
-        files::replace(target.utf8_string(), tablePicture(*table, options.size));
+        files::replace(systemPath(target), tablePicture(*table, options.size));
         return exitDone;
     }
     catch (const std::filesystem::filesystem_error& error)
     {
         return say(exitFailed,
                    withReason(wxString::Format(_("Failed to create or open file: %ls"), target),
-                              wxString::FromUTF8(files::reasonOf(error))));
+                              systemText(files::reasonOf(error, systemPath(target)))));
     }
 }
 
@@ -333,6 +362,7 @@ int refuse(const Options& options)
 
 int runWithoutWindows(int (*command)(const Options&), const Options& options)
 {
+    std::setlocale(LC_CTYPE, "C.UTF-8"); // as the desktop's toolkit does for windows
     const wxInitializer toolkit;
     delete wxLog::SetActiveTarget(new StandardErrorLog);
     ut::loadTranslations();
@@ -354,24 +384,31 @@ const Command commands[] = {
     {Action::Version, showVersion, false}, {Action::Refuse, refuse, false},
 };
 
+// What is opened later must not become the standard output or error of a program that was started
+// without: messages would go there.
+void openStandardStreams()
+{
+    int descriptor = 0;
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO)
+        descriptor = open("/dev/null", O_RDWR);
+    if (descriptor > STDERR_FILENO)
+        close(descriptor);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
-try
 {
-    const Options options = parseOptions(argc, argv);
-    const Command* command =
-        std::find_if(std::begin(commands), std::end(commands),
-                     [&](const Command& candidate) { return candidate.action == options.action; });
-    return command->showsWindows ? runWithWindows(command->run, options, argv[0])
-                                 : runWithoutWindows(command->run, options);
-}
-catch (const std::filesystem::filesystem_error& error) // the current folder is gone, for instance
-{
-    return say(exitFailed, wxString::FromUTF8(files::reasonOf(error)));
-}
-catch (const std::bad_alloc&)
-{
-    std::fputs("pstyle: out of memory\n", stderr);
-    return exitFailed;
+    openStandardStreams();
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows too large is an error like others
+    return guarded(
+        [=]
+        {
+            const Options options = parseOptions(argc, argv);
+            const Command* command = std::find_if(std::begin(commands), std::end(commands),
+                                                  [&](const Command& candidate)
+                                                  { return candidate.action == options.action; });
+            return command->showsWindows ? runWithWindows(command->run, options, argv[0])
+                                         : runWithoutWindows(command->run, options);
+        });
 }

@@ -5,6 +5,7 @@
 #include "psl_gtk.h"
 
 #include <wx/arrstr.h>
+#include <wx/combobox.h>
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
@@ -16,6 +17,39 @@ wxString shownPart(const wxString& text)
 {
     constexpr size_t mostShown = 5000; // as many as other programs take
     return text.Left(mostShown);
+}
+
+wxString shownInRow(const wxString& text)
+{
+    constexpr size_t mostShown = 250; // more than any row has room for
+    return text.Left(mostShown);
+}
+
+bool isEdited(const wxString& typed, const wxString& shown)
+{
+    constexpr size_t enoughToTell = 20;
+    return !typed.empty() && (typed.StartsWith(shown.Left(enoughToTell)) ||
+                              typed.EndsWith(shown.Right(enoughToTell)));
+}
+
+void showEntriesInList(wxComboBox* combo)
+{
+    const auto newProvider = gtkFunction<void*()>("gtk_css_provider_new");
+    const auto load =
+        gtkFunction<int(void*, const char*, long, void*)>("gtk_css_provider_load_from_data");
+    const auto contextOf = gtkFunction<void*(WXWidget)>("gtk_widget_get_style_context");
+    const auto add = gtkFunction<void(void*, void*, unsigned)>("gtk_style_context_add_provider");
+    const auto emit = gtkFunction<void(void*, const char*)>("g_signal_emit_by_name");
+    const auto release = gtkFunction<void(void*)>("g_object_unref");
+    if (!newProvider || !load || !contextOf || !add || !emit || !release)
+        return;
+    constexpr unsigned applicationPriority = 600; // GTK_STYLE_PROVIDER_PRIORITY_APPLICATION
+    void* const provider = newProvider();
+    load(provider, "combobox { -GtkComboBox-appears-as-list: 1; }", -1, nullptr);
+    add(contextOf(combo->GetHandle()), provider, applicationPriority);
+    release(provider);
+    // It would look at its style only when it is drawn, after the entries have come.
+    emit(combo->GetHandle(), "style-updated");
 }
 
 bool isOneOf(int key, std::initializer_list<int> keys)

@@ -9,6 +9,7 @@
 
 #include <initializer_list>
 
+class wxComboBox;
 class wxFileDialog;
 class wxListCtrl;
 class wxTextCtrl;
@@ -23,9 +24,16 @@ Control* findControl(const wxWindow& window, const char* name)
 /// Whether a key is one of several.
 bool isOneOf(int key, std::initializer_list<int> keys);
 
-/// The beginning of a text, as much of it as controls show in no time: they lay out all of what
-/// they are given, and a name may be a quarter of a million letters long.
+/// The beginning of a text, as much of it as a field can show quickly: it lays out all of what it
+/// is given, and a description may be a quarter of a million letters long.
 wxString shownPart(const wxString& text);
+/// The same for a row of a list, of which there are many.
+wxString shownInRow(const wxString& text);
+
+/// Whether a text whose beginning was shown has been edited, and so keeps the end that was not
+/// shown; else the user has replaced it as a whole.
+/// @param shown  the beginning that was shown
+bool isEdited(const wxString& typed, const wxString& shown);
 
 /// Begins to edit a row of a list, scrolled into view. @return the control; null when it is refused
 wxTextCtrl* editRow(wxListCtrl* list, long row);
@@ -46,6 +54,10 @@ private:
 
     wxDECLARE_EVENT_TABLE();
 };
+
+/// Has a combo box show its entries in a list that scrolls, not in a menu: a menu takes a time that
+/// grows with the square of their number. Called before there are many entries.
+void showEntriesInList(wxComboBox* combo);
 
 /// Keeps the wheel from changing a control that has not got the focus: a user who scrolls past it
 /// means something else.

@@ -4,6 +4,7 @@
 
 #include "psl_lineweights.h"
 #include "psl_numbers.h"
+#include "psl_path_text.h"
 
 #include "files/files.h"
 #include "odps/od_ps.h"
@@ -11,8 +12,6 @@
 #include <wx/intl.h>
 #include <wx/textfile.h>
 
-#include <algorithm>
-#include <cerrno>
 #include <filesystem>
 #include <new>
 
@@ -83,23 +82,15 @@ wxString refusal(const std::string& path, Replaceable replaceable)
     const std::string beginning = files::beginningOf(path, enoughToTell);
     const auto beginsWith = [&beginning](const char* text)
     { return beginning.rfind(text, 0) == 0; };
+    if (beginning.empty() || beginsWith(firstLine))
+        return wxString();
     if (beginsWith("PIAFILEVERSION_"))
         return _("The file is a plot style table.");
     if (!files::looksLikeText(beginning))
-        return _("The file is not a text.");
-    if (replaceable == Replaceable::Exports && !beginning.empty() && !beginsWith(firstLine))
+        return _("The file is not a text file.");
+    if (replaceable == Replaceable::Exports)
         return _("The file is not an earlier export.");
     return wxString();
-}
-
-// Whether a failure has kept the file from being opened, and not what was written into it.
-bool isAboutOpening(const std::error_code& failure)
-{
-    const std::errc aboutWriting[] = {std::errc::no_space_on_device, std::errc::file_too_large,
-                                      std::errc::io_error, std::errc::broken_pipe,
-                                      std::errc::not_enough_memory};
-    return failure.value() != EDQUOT && std::find(std::begin(aboutWriting), std::end(aboutWriting),
-                                                  failure) == std::end(aboutWriting);
 }
 
 } // namespace
@@ -119,9 +110,12 @@ CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, c
                     Replaceable replaceable)
 {
     using Result = CsvExport::Result;
+    const std::string target = systemPath(path);
+    const auto failed = [&target](Result result, const std::filesystem::filesystem_error& error) {
+        return CsvExport{result, systemText(files::reasonOf(error, target))};
+    };
     try
     {
-        const std::string target = path.utf8_string();
         const wxString reason = refusal(target, replaceable);
         if (!reason.empty())
             return {Result::NotOpened, reason};
@@ -131,10 +125,13 @@ CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, c
         files::replace(target, text);
         return {Result::Done, wxString()};
     }
+    catch (const files::WriteError& error)
+    {
+        return failed(Result::NotWritten, error);
+    }
     catch (const std::filesystem::filesystem_error& error)
     {
-        return {isAboutOpening(error.code()) ? Result::NotOpened : Result::NotWritten,
-                wxString::FromUTF8(files::reasonOf(error))};
+        return failed(Result::NotOpened, error);
     }
     catch (const std::bad_alloc&)
     {

@@ -2,15 +2,16 @@
 
 #include "psl_disk_version.h"
 
+#include "psl_path_text.h"
+
 #include "files/files.h"
 
 #include <wx/datetime.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 namespace
 {
@@ -19,30 +20,27 @@ namespace
 constexpr std::uint64_t firstHash = 0xCBF29CE484222325;
 constexpr std::uint64_t hashPrime = 0x100000001B3;
 // A table is never as long; of a longer file the beginning is looked at.
-constexpr std::int64_t mostRead = std::int64_t{32} << 20;
+constexpr std::uintmax_t mostRead = std::uintmax_t{32} << 20;
 
 } // namespace
 
 DiskVersion::DiskVersion(const wxString& path)
 {
-    const std::string name = path.utf8_string();
+    const std::string name = systemPath(path);
     if (files::kindOf(name) != files::Kind::File)
         return;
-    std::ifstream file(name, std::ios::binary);
-    std::array<char, 65536> part;
     m_hash = firstHash;
-    m_size = 0;
-    while (m_size < mostRead && (file.read(part.data(), part.size()) || file.gcount() > 0))
+    try
     {
-        for (std::streamsize i = 0; i < file.gcount(); ++i)
-            m_hash =
-                (m_hash ^ static_cast<unsigned char>(part[static_cast<size_t>(i)])) * hashPrime;
-        m_size += file.gcount();
+        m_size = std::filesystem::file_size(name);
+        for (const char c : files::beginningOf(name, std::min(*m_size, mostRead)))
+            m_hash = (m_hash ^ static_cast<unsigned char>(c)) * hashPrime;
     }
-    std::error_code unknown;
-    const auto wholeSize = std::filesystem::file_size(name, unknown);
-    if (!unknown)
-        m_size = static_cast<std::int64_t>(wholeSize);
+    catch (const std::filesystem::filesystem_error&)
+    {
+        // A file that cannot be read is like any other such file of its size.
+        m_size = m_size.value_or(0);
+    }
 }
 
 bool DiskVersion::operator==(const DiskVersion& other) const
@@ -54,5 +52,5 @@ wxString keepDiskVersion(const wxString& path)
 {
     const wxString changed = wxFileName(path).GetModificationTime().Format("%Y-%m-%d %H-%M-%S");
     const wxString remark = wxString::Format(_(" (changed on disk %s)"), changed);
-    return wxString::FromUTF8(files::keepAside(path.utf8_string(), remark.utf8_string()));
+    return systemText(files::keepAside(systemPath(path), remark.utf8_string()));
 }

@@ -8,6 +8,7 @@
 #include <wx/string.h>
 
 #include <cstdint>
+#include <optional>
 
 /// What a file held at some moment; also that there was none. Two versions are equal when the file
 /// was left alone in between or holds the same bytes again.
@@ -19,12 +20,12 @@ public:
     /// What a file holds now. @param path  its full path
     explicit DiskVersion(const wxString& path);
 
-    bool isFile() const { return m_size >= 0; }
+    bool isFile() const { return m_size.has_value(); }
     bool operator==(const DiskVersion& other) const;
     bool operator!=(const DiskVersion& other) const { return !(*this == other); }
 
 private:
-    std::int64_t m_size = -1;
+    std::optional<std::uintmax_t> m_size; // none where there is no file
     std::uint64_t m_hash = 0;
 };
 

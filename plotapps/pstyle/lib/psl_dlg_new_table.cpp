@@ -91,7 +91,7 @@ void DlgNewTable::onOk(wxCommandEvent& event)
     const wxString reason = hostReason([&] { isWritten = writeTable(path); });
     if (!isWritten)
     {
-        wxLogError("%s", withReason(wxString::Format(_("Failed to save file: %ls"), path), reason));
+        reportFailure(withReason(wxString::Format(_("Failed to save file: %ls"), path), reason));
         return;
     }
     if (launchEditor)

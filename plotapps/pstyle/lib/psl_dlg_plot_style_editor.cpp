@@ -357,8 +357,12 @@ bool DlgPlotStyleEditor::TransferDataFromWindow()
 // does the end of one that is too long.
 void DlgPlotStyleEditor::transferDescription()
 {
+    if (m_tableDescription == m_shownDescription)
+        return;
+    if (!isEdited(m_tableDescription, m_shownDescription))
+        m_hiddenDescription.clear();
     const OdString description((m_tableDescription + m_hiddenDescription).wc_str());
-    if (m_tableDescription == m_shownDescription || description == m_table->description())
+    if (description == m_table->description())
         return;
     m_table->setDescription(description);
     m_shownDescription = m_tableDescription;

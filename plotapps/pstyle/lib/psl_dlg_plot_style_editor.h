@@ -117,7 +117,8 @@ private:
     void takeTableValues();
     void takeNoTable(const wxString& message);
     bool save(const wxString& path);
-    bool keepOtherVersion(const wxString& path, wxString& kept);
+    std::optional<wxString> keepOtherVersion(const wxString& path);
+    static void tellOfOtherVersion(const wxString& path, const wxString& kept);
     bool checkSave();
     bool mayReplace(const wxFileName& file);
     bool isCtb() const;

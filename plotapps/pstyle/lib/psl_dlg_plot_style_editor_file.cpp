@@ -6,6 +6,7 @@
 #include "psl_controls.h"
 #include "psl_csv.h"
 #include "psl_host_reason.h"
+#include "psl_path_text.h"
 #include "psl_table_paths.h"
 
 #include "cmdapi/cma.h"
@@ -83,8 +84,7 @@ void DlgPlotStyleEditor::takeTableValues()
 
 void DlgPlotStyleEditor::takeNoTable(const wxString& message)
 {
-    // For hosts that write down what they are told.
-    wxLogStatus("%s", message);
+    wxLogStatus("%s", message); // for hosts that write down what they are told
     wxMessageBox(message, wxGetTranslation(caption), wxOK | wxICON_ERROR);
     m_styleCount = 0;
     m_applyScale = false;
@@ -104,51 +104,70 @@ bool DlgPlotStyleEditor::save(const wxString& path)
         updateFileName();
     }
     const wxString fullPath = m_fileName.GetFullPath();
-    // Whoever names a file is asked whether it may be replaced.
-    wxString kept;
-    if (path.empty() && !keepOtherVersion(fullPath, kept))
+    // Whoever names a file is asked whether it may be replaced as it is.
+    if (!path.empty())
+        m_diskVersion = DiskVersion(fullPath);
+    const auto kept = keepOtherVersion(fullPath);
+    if (!kept)
         return false;
     bool isSaved = false;
     const wxString reason = hostReason(
         [&] { isSaved = cma::savePlotStyleTable(OdString(fullPath.wc_str()), m_table); });
     if (!isSaved)
     {
-        if (!kept.empty())
-            wxRemoveFile(kept);
-        wxLogError("%s",
-                   withReason(wxString::Format(_("Failed to save file: %ls"), fullPath), reason));
+        if (!kept->empty())
+            wxRemoveFile(*kept);
+        reportFailure(
+            withReason(wxString::Format(_("Failed to save file: %ls"), fullPath), reason));
         return false;
     }
     m_diskVersion = DiskVersion(fullPath);
     m_modified = false;
-    if (!kept.empty())
-        wxLogWarning(_("File '%ls' was changed by another program while it was being edited. What "
-                       "it held was kept as '%ls'."),
-                     fullPath, kept);
+    if (!kept->empty())
+        tellOfOtherVersion(fullPath, *kept);
     return true;
 }
 
 // Keeps what another program has written into the file since the editor read it. There is no room
 // for a question on the way to a save.
-// @param kept  takes the name that it is kept under; stays empty where there is nothing to keep
-bool DlgPlotStyleEditor::keepOtherVersion(const wxString& path, wxString& kept)
+// @return the name that it is kept under; empty where there is nothing to keep, nothing where it
+// cannot be kept and so must not be replaced
+std::optional<wxString> DlgPlotStyleEditor::keepOtherVersion(const wxString& path)
 {
+    const files::Kind kind = files::kindOf(systemPath(path));
+    if (kind == files::Kind::Stream || kind == files::Kind::Disk)
+    {
+        reportFailure(withReason(wxString::Format(_("Failed to save file: %ls"), path),
+                                 _("It is not a file any more.")));
+        return std::nullopt;
+    }
     const DiskVersion now(path);
     if (!now.isFile() || now == m_diskVersion)
-        return true;
+        return wxString();
     try
     {
-        kept = keepDiskVersion(path);
-        return true;
+        return keepDiskVersion(path);
     }
     catch (const std::filesystem::filesystem_error& error)
     {
-        wxLogError("%s", withReason(wxString::Format(_("Failed to save file: %ls"), path),
-                                    _("It was changed by another program while it was being "
-                                      "edited, and what it holds now cannot be kept.") +
-                                        "\n" + wxString::FromUTF8(files::reasonOf(error))));
-        return false;
+        const wxString reason =
+            _("It was changed by another program while it was being edited, and "
+              "its new contents cannot be kept.");
+        reportFailure(
+            withReason(withReason(wxString::Format(_("Failed to save file: %ls"), path), reason),
+                       systemText(files::reasonOf(error, systemPath(path)))));
+        return std::nullopt;
     }
+}
+
+void DlgPlotStyleEditor::tellOfOtherVersion(const wxString& path, const wxString& kept)
+{
+    const wxString message =
+        wxString::Format(_("File '%ls' was changed by another program while it was being edited. "
+                           "Its contents were kept as '%ls'."),
+                         path, kept);
+    wxLogStatus("%s", message);
+    wxLogWarning("%s", message);
 }
 
 bool DlgPlotStyleEditor::checkSave()
@@ -248,11 +267,11 @@ void DlgPlotStyleEditor::onExport(wxCommandEvent&)
         return;
     const wxString path = chosenPath(dialog);
     const CsvExport done = exportCsv(*m_table, m_fileName.GetFullName(), path, Replaceable::Texts);
-    const wxString message =
-        withReason(wxString::Format(_("Failed to create or open file: %ls"), path), done.reason);
     // The user is told what keeps an export from beginning, and that alone.
     if (done.result == CsvExport::NotOpened)
-        wxLogError("%s", message);
+        reportFailure(withReason(wxString::Format(_("Failed to create or open file: %ls"), path),
+                                 done.reason));
     else if (done.result == CsvExport::NotWritten)
-        wxLogStatus("%s", message);
+        wxLogStatus("%s",
+                    withReason(wxString::Format(_("Failed to save file: %ls"), path), done.reason));
 }

@@ -44,7 +44,7 @@ void DlgPlotStyleEditor::updateStyles()
         if (isCtb())
             list->InsertItem(i, wxString::Format("%ls %d", _("Color"), i + 1), swatch);
         else
-            list->InsertItem(i, shownPart(m_table->styleAt(i)->localizedName().c_str()));
+            list->InsertItem(i, shownInRow(m_table->styleAt(i)->localizedName().c_str()));
     }
 }
 
@@ -156,7 +156,7 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
         m_table->setStyleArray(styles);
     }
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    const long row = list->InsertItem(index + 1, shownPart(name));
+    const long row = list->InsertItem(index + 1, shownInRow(name));
     {
         wxEventBlocker noEvents(list, wxEVT_LIST_ITEM_DESELECTED);
         list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
@@ -412,11 +412,14 @@ void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
         return;
     // The list takes over what was typed, whether or not it became a name.
     CallAfter([this, row = event.GetIndex()] { showStyleName(row); });
-    const wxString name = storableText(event.GetLabel());
+    const wxString typed = storableText(event.GetLabel());
     const OdPsPlotStylePtr style = m_table->styleAt(static_cast<int>(event.GetIndex()));
     const wxString oldName = style->localizedName().c_str();
-    if (name.empty() || name == oldName || name == shownPart(oldName))
+    const wxString shownName = shownInRow(oldName);
+    if (typed.empty() || typed == oldName || typed == storableText(shownName))
         return;
+    const wxString hiddenEnd = oldName.Mid(shownName.length());
+    const wxString name = isEdited(typed, shownName) ? typed + hiddenEnd : typed;
     if (name.find_first_of(invalidCharacters) != wxString::npos)
     {
         wxLogError(_("A style name cannot contain any of the following characters: %ls"),
@@ -435,7 +438,7 @@ void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
 void DlgPlotStyleEditor::refuseTakenName(const wxString& name)
 {
     wxLogError(_("A style named '%ls' already exists. Please enter a unique style name."),
-               shownPart(name));
+               shownInRow(name));
 }
 
 void DlgPlotStyleEditor::showStyleName(long row)
@@ -444,7 +447,7 @@ void DlgPlotStyleEditor::showStyleName(long row)
     const OdPsPlotStylePtr style =
         m_table.isNull() || isCtb() ? nullptr : m_table->styleAt(static_cast<int>(row));
     if (style && row < list->GetItemCount())
-        list->SetItemText(row, shownPart(style->localizedName().c_str()));
+        list->SetItemText(row, shownInRow(style->localizedName().c_str()));
 }
 
 // The map's keys point into the styles' names: the old entry goes before the name does.

@@ -59,10 +59,13 @@ void DlgSelectTable::onInitDialog(wxInitDialogEvent&)
     wxg::setSpokenName(findControl<wxWindow>(*this, "BtnBrowse"), _("Browse"));
 
     wxArrayString files;
-    const size_t count = getPlotStyleFiles(files);
+    getPlotStyleFiles(files);
     wxComboBox* combo = findControl<wxComboBox>(*this, "ComboSourceFile");
-    for (size_t i = 0; i < count; ++i)
-        combo->Append(files[i]);
+    constexpr size_t mostForAMenu = 100;
+    if (files.size() > mostForAMenu)
+        showEntriesInList(combo);
+    if (!files.empty())
+        combo->Append(files); // all at once: one by one, each time the others are counted
 
     for (const char* name : {"ComboSourceFile", "ChoiceTableType"})
         ignoreWheelWithoutFocus(findControl<wxWindow>(*this, name));

@@ -70,3 +70,9 @@ wxString withReason(const wxString& message, const wxString& reason)
 {
     return reason.empty() ? message : message + "\n" + reason;
 }
+
+void reportFailure(const wxString& message)
+{
+    wxLogStatus("%s", message);
+    wxLogError("%s", message);
+}

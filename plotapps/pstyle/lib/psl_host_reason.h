@@ -18,4 +18,8 @@ PSL_API wxString hostReason(const std::function<void()>& step);
 /// A message with a reason on a line of its own behind it, where there is one.
 PSL_API wxString withReason(const wxString& message, const wxString& reason);
 
+/// Tells the user of a failure with a file, and the toolkit's status line, too, for hosts that
+/// write down what they are told.
+void reportFailure(const wxString& message);
+
 #endif

@@ -1,4 +1,4 @@
-// Cutting a path to a width.
+// Paths on the screen and for the system.
 
 #include "psl_path_text.h"
 
@@ -19,4 +19,15 @@ wxString fitPath(const wxString& text, int width,
         if (fits || kept <= leastKept)
             return candidate;
     }
+}
+
+std::string systemPath(const wxString& path)
+{
+    const std::string native(path.fn_str());
+    return native.empty() ? path.utf8_string() : native;
+}
+
+wxString systemText(const std::string& text)
+{
+    return wxString(text.c_str(), wxConvWhateverWorks);
 }

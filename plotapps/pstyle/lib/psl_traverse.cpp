@@ -2,14 +2,16 @@
 
 #include "psl_traverse.h"
 
+#include "psl_path_text.h"
+
 #include <wx/dir.h>
 #include <wx/string.h>
 
 #include <algorithm>
 #include <dirent.h>
 #include <linux/magic.h>
-#include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <sys/stat.h>
 #include <sys/vfs.h>
@@ -20,7 +22,7 @@ namespace
 {
 
 // Links may lead to one folder in many ways, and to those in it in the square of that.
-constexpr int mostEntries = 16;
+constexpr int mostRepetitions = 1000;
 
 // File systems of what is no file: processes, devices, settings of the system. From magic.h of the
 // Linux kernel, and the headers of the file systems that it leaves out.
@@ -64,7 +66,10 @@ public:
         const FolderId id(info.st_dev, info.st_ino);
         const bool isNewSystem = m_entered.empty() || m_entered.back().first != id.first;
         const bool isEntered = std::find(m_entered.begin(), m_entered.end(), id) != m_entered.end();
-        if (isEntered || (isNewSystem && isMadeUp(folder)) || m_times[id]++ >= mostEntries)
+        if (isEntered || (isNewSystem && isMadeUp(folder)))
+            return;
+        const bool isRepeated = !m_known.insert(id).second;
+        if (isRepeated && m_repetitions++ >= mostRepetitions)
             return;
         m_entered.push_back(id);
         walk(folder);
@@ -114,14 +119,15 @@ private:
 
     wxDirTraverser& m_traverser;
     std::vector<FolderId> m_entered;
-    std::map<FolderId, int> m_times;
+    std::set<FolderId> m_known;
+    int m_repetitions = 0;
 };
 
 } // namespace
 
 void traverseFolder(const wxString& folder, wxDirTraverser& traverser)
 {
-    const std::string path(folder.fn_str());
+    const std::string path = systemPath(folder);
     const bool endsInSlash = path.size() > 1 && path.back() == '/';
     Traversal(traverser).enter(endsInSlash ? path.substr(0, path.size() - 1) : path);
 }
