@@ -113,7 +113,9 @@ private:
     void editStyles();
     void editStyleNames();
 
-    StyleTexts originalTexts(const StyleFields& fields, std::size_t position) const;
+    StyleTexts originalTexts(const StyleFields& fields) const;
+    StyleTexts originalTexts(const StyleFields& fields, std::size_t position,
+                             const StyleTexts& now) const;
     const StyleFields& fieldsOf(const StyleGroup& group);
     void editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
                    const OdPsPlotStyleImpl& style);
@@ -237,16 +239,26 @@ const StyleFields& TableEditor::fieldsOf(const StyleGroup& group)
     return m_reader.read(lines);
 }
 
-/// The texts that the text gives a style. @param position that the style has in the table, after
-/// which a colour's style without a name is named
-StyleTexts TableEditor::originalTexts(const StyleFields& fields, std::size_t position) const
+/// The texts that the text gives a style.
+StyleTexts TableEditor::originalTexts(const StyleFields& fields) const
 {
     StyleTexts texts;
     readStyleTexts(m_text, fields, texts);
     makeStorable(texts); // a name that begins with a NUL is none
-    if (m_table.isColorDependent())
-        nameColorStyle(texts, position);
     return texts;
+}
+
+/// The same for a style that has these texts now. Where a style of a colour has no names the reader
+/// gives it those of its position, so they need not be written; but both or none.
+StyleTexts TableEditor::originalTexts(const StyleFields& fields, std::size_t position,
+                                      const StyleTexts& now) const
+{
+    const StyleTexts texts = originalTexts(fields);
+    StyleTexts named = texts;
+    if (m_table.isColorDependent())
+        nameColorStyle(named, position);
+    const bool isNamedSo = named.name == now.name && named.localizedName == now.localizedName;
+    return isNamedSo ? named : texts;
 }
 
 void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group, std::size_t position,
@@ -260,8 +272,8 @@ void TableEditor::editStyle(std::vector<Edit>& edits, const StyleGroup& group, s
     // Texts that are alike need not be known.
     if (style.wasTextSet() || position != group.position)
     {
-        original.texts = originalTexts(fields, position);
         now.texts = textsOf(style);
+        original.texts = originalTexts(fields, position, now.texts);
     }
     const std::uint32_t first = lineEnd(m_text, group.span.begin);
     for (std::size_t i = 0; i < kStyleKeys.size(); ++i)
@@ -411,7 +423,7 @@ std::map<std::wstring, std::wstring> TableEditor::changedNames()
     for (const StyleGroup& group : groups)
     {
         const OdPsPlotStyle& style = *m_origin.styles[group.position];
-        const std::wstring original = originalTexts(fieldsOf(group), group.position).name;
+        const std::wstring original = originalTexts(fieldsOf(group)).name;
         std::set<std::wstring>& now = namesNow[original];
         if (present.count(&style) > 0)
             now.insert(storableText(style.name().str()));

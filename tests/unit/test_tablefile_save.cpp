@@ -369,6 +369,20 @@ TEST(SaveStyles, AColorsStyleWithoutANameKeepsTheOneItHasWhenItMoves)
     EXPECT_EQ(textOf(*table), text);
 }
 
+TEST(SaveStyles, AColorsStyleWithoutANameGetsBothWhenOneIsSet)
+{
+    const std::string text = replaced(replaced(colorTableText(), "name=\"Color_3\n", "name=\"\n"),
+                                      "localized_name=\"Color_3\n", "localized_name=\"\n");
+    const OdPsPlotStyleTablePtr table = tableOfText(text);
+    ASSERT_EQ(table->styleAt(2)->name(), OdString(L"Color_3"));
+    table->styleAt(2)->setLocalizedName(L"Other");
+    const OdPsPlotStyleTablePtr again = tableOf(bytesOf(*table));
+    EXPECT_EQ(again->styleAt(2)->name(), OdString(L"Color_3"));
+    EXPECT_EQ(again->styleAt(2)->localizedName(), OdString(L"Other"));
+    table->styleAt(2)->setLocalizedName(L"Color_3");
+    EXPECT_EQ(textOf(*table), text) << "taken back";
+}
+
 TEST(SaveNames, ARenameChangesTheTwoNames)
 {
     const Lines lines = linesAfter(namedTableText(kNames), "STB",
