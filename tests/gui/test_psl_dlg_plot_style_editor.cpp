@@ -612,9 +612,9 @@ TEST_F(EditorTest, SortButtonIsThereOnlyForAListOutOfOrder)
 TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
 {
     const char* const noTable =
-        "the file does not have the header of a plot style table (at byte 0 of the file)";
+        "The file does not have the header of a plot style table (at byte 0 of the file)";
     const char* const noStream =
-        "the compressed data is incomplete or damaged (at byte 60 of the file)";
+        "The compressed data is incomplete or damaged (at byte 60 of the file)";
     const wxString subfolder = folder.file("folder.ctb");
     wxMkdir(subfolder);
     const wxString good = makeTable("good.ctb");
@@ -632,9 +632,9 @@ TEST_F(EditorTest, BadFilesGiveAMessageAndNoTable)
         {"header.ctb", bytes.substr(0, 60), noStream},
         {"magic.ctb", "X" + bytes.substr(1), noTable},
         {"bomb.ctb", support::pack(std::string(size_t{64} << 20, ' ')),
-         "the text is too long (at byte 60 of the file)"},
+         "The text is too long (at byte 60 of the file)"},
         {"value.ctb", support::pack("apply_factor=maybe\nplot_style{\n}\n"),
-         "a value is neither TRUE nor FALSE (at byte 13 of the uncompressed text)"},
+         "A value is neither TRUE nor FALSE (at byte 13 of the uncompressed text)"},
     };
     for (const auto& c : cases)
     {

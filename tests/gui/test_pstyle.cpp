@@ -550,7 +550,7 @@ TEST_F(Program, CreatesACopyOnlyWhereThereIsNothing)
     }
     const Result damaged = run({"--source", makeFile("bad.ctb", "x"), folder.file("new.ctb")});
     EXPECT_EQ(damaged.status, 1);
-    EXPECT_NE(damaged.errors.find("cannot be opened as a plot style table: the file does not have"),
+    EXPECT_NE(damaged.errors.find("cannot be opened as a plot style table: The file does not have"),
               std::string::npos)
         << damaged.errors;
 }
@@ -619,7 +619,7 @@ TEST_F(WithoutADisplay, SpeaksTheUsersLanguage)
     EXPECT_EQ(run({"--export", makeFile("text.ctb", "no table")}).errors,
               "pstyle: " + folder.file("text.ctb").utf8_string() +
                   " kann nicht als Plotstiltabelle geöffnet werden: "
-                  "die Datei hat nicht den Kopf einer Plotstiltabelle (bei Byte 0 der Datei)\n");
+                  "Die Datei hat nicht den Kopf einer Plotstiltabelle (bei Byte 0 der Datei)\n");
     EXPECT_NE(run({"--help"}).output.find("Aufruf: pstyle"), std::string::npos);
     EXPECT_EQ(run({"--nonsense"}).errors,
               "pstyle: unbekannte Option --nonsense\npstyle: siehe „pstyle --help“\n");

@@ -133,7 +133,7 @@ TEST_F(FilesOfASession, ATableThatCannotBeReadGivesItsReason)
     editor().hands().key("Return");
     const std::string message = "Invalid file format - failed to open plotstyle table file.";
     const std::string reason =
-        "a value is neither TRUE nor FALSE (at byte 13 of the uncompressed text)";
+        "A value is neither TRUE nor FALSE (at byte 13 of the uncompressed text)";
     ASSERT_TRUE(editor().waitForDialog(message + " " + reason));
     editor().key("Return");
     editor().key("Escape");

@@ -68,7 +68,7 @@ wxString hostReason(const std::function<void()>& step)
 
 wxString withReason(const wxString& message, const wxString& reason)
 {
-    return reason.empty() ? message : message + "\n" + reason;
+    return reason.empty() ? message : message + "\n" + reason.Left(1).Upper() + reason.Mid(1);
 }
 
 void reportFailure(const wxString& message)

@@ -15,7 +15,8 @@
 /// @return the reason, for the user; empty when the host has given none
 PSL_API wxString hostReason(const std::function<void()>& step);
 
-/// A message with a reason on a line of its own behind it, where there is one.
+/// A message with a reason on a line of its own behind it, where there is one, that begins with a
+/// capital letter.
 PSL_API wxString withReason(const wxString& message, const wxString& reason);
 
 /// Tells the user of a failure with a file, and the toolkit's status line, too, for hosts that
