@@ -613,19 +613,20 @@ TEST(SaveChanged, AReferenceAsLargeAsAnyCanBe)
     }
 }
 
-// Each of them gets a line of its own, in whose place the kind of line ends once was looked for in
-// the whole text.
+// As long a text as can be read, in which the kind of line ends was once looked for anew for each
+// of the lines.
 TEST(SaveChanged, SixtyThousandStylesGetALineEach)
 {
     constexpr int kCount = 60000;
-    constexpr unsigned kPatience = 20; // seconds; in proportion it takes a tenth of one
+    constexpr unsigned kPatience = 8; // seconds; it takes a fifth of one, and once took eleven
     const int result = inProcess(
         []
         {
             ::alarm(kPatience);
+            const std::string other = "  note=" + std::string(230, 'x') + "\n";
             std::string text = "plot_style{\n";
             for (int i = 0; i < kCount; ++i)
-                text += std::to_string(i) + "{\n}\n";
+                text += std::to_string(i) + "{\n" + other + "}\n";
             const OdPsPlotStyleTablePtr table = tableOfText(text + "}\n", "STB");
             for (int i = 0; i < kCount; ++i)
                 changeData(*table, i, [](Data& data) { data.screening = 50; });
