@@ -79,6 +79,15 @@ private:
     wxAssertHandler_t m_assertHandler;
 };
 
+std::unique_ptr<wxFileConfig> configOf(const std::string& bytes)
+{
+    wxMemoryInputStream stream(bytes.data(), bytes.size());
+    auto config = std::make_unique<wxFileConfig>(stream);
+    // A value is what it says: a folder may have a $ in its name.
+    config->SetExpandEnvVars(false);
+    return config;
+}
+
 struct Config
 {
     std::unique_ptr<wxFileConfig> values;
@@ -94,15 +103,33 @@ Config readConfig(const wxString& file)
     const std::string bytes = files::kindOf(path) == files::Kind::File
                                   ? files::beginningOf(path, mostRead)
                                   : std::string();
-    wxMemoryInputStream stream(bytes.data(), bytes.size());
     Config config;
     const FaultFinder faults;
-    config.values = std::make_unique<wxFileConfig>(stream);
-    // A value is what it says: a folder may have a $ in its name.
-    config.values->SetExpandEnvVars(false);
+    config.values = configOf(bytes);
     config.isDamaged =
         faults.hasFound() || bytes.find('\0') != std::string::npos || bytes.size() == mostRead;
     return config;
+}
+
+/// Writes the configuration. @param isDamaged  whether the old one is kept under another name
+/// @throw std::filesystem::filesystem_error when that fails; then nothing has changed
+void replaceConfig(const std::string& path, const std::string& text, bool isDamaged)
+{
+    const std::string kept =
+        isDamaged ? files::keepAside(path, _(" (damaged)").utf8_string()) : std::string();
+    try
+    {
+        files::replace(path, text);
+    }
+    catch (...)
+    {
+        if (!kept.empty())
+            std::filesystem::remove(kept);
+        throw;
+    }
+    if (!kept.empty())
+        wxLogWarning(_("The damaged configuration file was kept as '%s'."),
+                     wxString::FromUTF8(kept));
 }
 
 /// Tells the user once that the configuration is not used.
@@ -192,13 +219,7 @@ bool setString(ECfgGroup group, const wxString& name, const wxString& value)
         }
         Config config = readConfig(file.GetFullPath());
         if (config.isDamaged)
-        {
-            const std::string kept = files::keepAside(path, _(" (damaged)").utf8_string());
-            wxLogWarning(_("The damaged configuration file was kept as '%s'."),
-                         wxString::FromUTF8(kept));
-            wxMemoryInputStream nothing("", 0);
-            config.values = std::make_unique<wxFileConfig>(nothing);
-        }
+            config.values = configOf(std::string());
         wxStringOutputStream text;
         wxString written;
         config.values->Write(keyOf(group, name), value);
@@ -206,7 +227,7 @@ bool setString(ECfgGroup group, const wxString& name, const wxString& value)
         if (!config.values->Read(keyOf(group, name), &written) || written != value ||
             !config.values->Save(text))
             return false;
-        files::replace(path, text.GetString().utf8_string());
+        replaceConfig(path, text.GetString().utf8_string(), config.isDamaged);
         return true;
     }
     catch (const std::filesystem::filesystem_error& error)

@@ -362,28 +362,33 @@ public:
     bool hasList() const { return !m_entries.empty(); }
 
     /// Gives the classes of a file that has got another owner, another group, or both, no more than
-    /// their members had. With a list, the old ones become entries of their own.
+    /// their members had. With a list, the old ones become entries of their own. The new owner gets
+    /// what he needs to save again: he may set permissions anyway.
     void takeFrom(std::optional<uid_t> oldOwner, std::optional<gid_t> oldGroup)
     {
-        if (oldOwner && !hasList()) // who is among the group or the others now
-            m_mode &= kOwnerBits | (m_mode & kOwnerBits) >> 3 | (m_mode & kOwnerBits) >> 6;
+        const auto ownersPermissions = static_cast<std::uint16_t>(m_mode >> 6 & kOtherBits);
         if (hasList())
+            applyMask();
+        if (oldOwner && hasList())
         {
-            if (oldOwner)
-                add(AccessEntry::User, permissionsOf(AccessEntry::Owner), *oldOwner);
-            if (oldGroup)
-            {
-                const std::uint16_t group = permissionsOf(AccessEntry::OwningGroup);
-                add(AccessEntry::Group, group, *oldGroup);
-                limit(AccessEntry::OwningGroup, permissionsOf(AccessEntry::Others));
-            }
+            add(AccessEntry::User, *oldOwner).permissions = ownersPermissions;
+            widenMask(ownersPermissions);
+        }
+        else if (oldOwner) // who is among the group or the others now
+            m_mode &= kOwnerBits | ownersPermissions << 3 | ownersPermissions;
+        if (oldGroup && hasList())
+        {
+            add(AccessEntry::Group, *oldGroup).permissions |= find(AccessEntry::OwningGroup);
+            limitOwningGroup();
         }
         else if (oldGroup)
         {
             // The old group's members are among the others now, and others are in the new group.
             const mode_t both = (m_mode >> 3) & m_mode & kOtherBits;
-            m_mode = (m_mode & ~(kGroupBits | kOtherBits)) | both << 3 | both;
+            m_mode = (m_mode & kOwnerBits) | both << 3 | both;
         }
+        if (oldOwner)
+            setOwner(ownersPermissions | kReadAndWrite);
     }
 
     /// The mode without a list: the named users and groups fall among the group or the others, who
@@ -409,29 +414,72 @@ public:
     }
 
 private:
-    std::uint16_t permissionsOf(AccessEntry::Tag tag) const
+    static constexpr std::uint16_t kReadAndWrite = 6;
+
+    /// The permissions of the first entry of a kind.
+    std::uint16_t find(AccessEntry::Tag tag) const
     {
         const auto found = std::find_if(m_entries.begin(), m_entries.end(),
                                         [tag](const AccessEntry& e) { return e.tag == tag; });
         return found == m_entries.end() ? std::uint16_t{0} : found->permissions;
     }
 
-    void limit(AccessEntry::Tag tag, std::uint16_t most)
+    static bool isMasked(const AccessEntry& entry)
     {
+        return entry.tag == AccessEntry::User || entry.tag == AccessEntry::OwningGroup ||
+               entry.tag == AccessEntry::Group;
+    }
+
+    /// Takes from every entry what the mask keeps from it.
+    void applyMask()
+    {
+        const auto mask = static_cast<std::uint16_t>(m_mode >> 3 & kOtherBits);
         for (AccessEntry& entry : m_entries)
-            if (entry.tag == tag)
+            if (isMasked(entry))
+                entry.permissions &= mask;
+    }
+
+    void widenMask(std::uint16_t permissions)
+    {
+        m_mode |= permissions << 3; // while there is a list, the group's bits are the mask
+        for (AccessEntry& entry : m_entries)
+            if (entry.tag == AccessEntry::Mask)
+                entry.permissions |= permissions;
+    }
+
+    /// Gives the owning group, which is another now, no more than the others and every named group
+    /// have: its members may be in any of them.
+    void limitOwningGroup()
+    {
+        std::uint16_t most = find(AccessEntry::Others);
+        for (const AccessEntry& entry : m_entries)
+            if (entry.tag == AccessEntry::Group)
+                most &= entry.permissions;
+        for (AccessEntry& entry : m_entries)
+            if (entry.tag == AccessEntry::OwningGroup)
                 entry.permissions &= most;
     }
 
-    /// Adds an entry behind those of its kind, where the list has none for the user or group.
-    void add(AccessEntry::Tag tag, std::uint16_t permissions, std::uint32_t id)
+    void setOwner(std::uint16_t permissions)
     {
-        const auto isIt = [=](const AccessEntry& e) { return e.tag == tag && e.id == id; };
-        if (std::any_of(m_entries.begin(), m_entries.end(), isIt))
-            return;
+        m_mode = (m_mode & ~kOwnerBits) | permissions << 6;
+        for (AccessEntry& entry : m_entries)
+            if (entry.tag == AccessEntry::Owner)
+                entry.permissions = permissions;
+    }
+
+    /// The entry of a user or group; a new one without permissions, behind those of its kind, where
+    /// the list has none.
+    AccessEntry& add(AccessEntry::Tag tag, std::uint32_t id)
+    {
+        const auto found =
+            std::find_if(m_entries.begin(), m_entries.end(),
+                         [=](const AccessEntry& e) { return e.tag == tag && e.id == id; });
+        if (found != m_entries.end())
+            return *found;
         const auto behind = std::find_if(m_entries.begin(), m_entries.end(),
                                          [tag](const AccessEntry& e) { return e.tag > tag; });
-        m_entries.insert(behind, {tag, permissions, id});
+        return *m_entries.insert(behind, {tag, 0, id});
     }
 
     mode_t m_mode;
@@ -439,14 +487,24 @@ private:
     std::vector<AccessEntry> m_entries; // none where there is no list
 };
 
-/// Gives a file an access list, or takes away the one that its folder has given it.
-/// @return whether it is as wanted now
-bool giveList(int descriptor, const Access& access)
+bool setList(int descriptor, const std::string& list)
 {
-    const std::string list = access.list();
-    if (access.hasList())
-        return ::fsetxattr(descriptor, kAccessList, list.data(), list.size(), 0) == 0;
+    return ::fsetxattr(descriptor, kAccessList, list.data(), list.size(), 0) == 0;
+}
+
+/// Takes away the list that a file's folder has given it. @return whether it has none now
+bool removeList(int descriptor)
+{
     return ::fremovexattr(descriptor, kAccessList) == 0 || errno == ENODATA || errno == ENOTSUP;
+}
+
+/// The access list of a file. @return nothing where it has none @throw when that is not known
+std::optional<std::string> accessListOf(const fs::path& path)
+{
+    auto list = attribute(path, kAccessList);
+    if (!list && errno != ENODATA && errno != ENOTSUP)
+        fail("look at", path, errno);
+    return list;
 }
 
 /// Sets the permissions of a file. Some shares know none; then it must be allowed no more anyway.
@@ -465,15 +523,6 @@ void giveMode(int descriptor, mode_t mode, const fs::path& path)
 /// system refuses; the group is tried by itself then. Nobody gets more access than before.
 void giveTo(int descriptor, const fs::path& other, const struct stat& info)
 {
-    for (const std::string& name : attributeNames(other))
-    {
-        // What cannot be kept gives nobody access.
-        const auto value =
-            name.rfind(kAnyAccessList, 0) == 0 ? std::nullopt : attribute(other, name.c_str());
-        if (value)
-            (void)::fsetxattr(descriptor, name.c_str(), value->data(), value->size(), 0);
-    }
-
     constexpr auto kSameOwner = static_cast<uid_t>(-1);
     const bool isGiven = ::fchown(descriptor, info.st_uid, info.st_gid) == 0 ||
                          ::fchown(descriptor, kSameOwner, info.st_gid) == 0;
@@ -482,12 +531,22 @@ void giveTo(int descriptor, const fs::path& other, const struct stat& info)
     if (::fstat(descriptor, &now) != 0)
         fail("look at", other, errno);
 
-    Access access(info.st_mode & kPermissionBits, attribute(other, kAccessList));
+    // Whatever the file system refuses is lost: what users write there is a remark, no permission.
+    for (const std::string& name : attributeNames(other))
+    {
+        const auto value =
+            name.rfind(kAnyAccessList, 0) == 0 ? std::nullopt : attribute(other, name.c_str());
+        if (value)
+            (void)::fsetxattr(descriptor, name.c_str(), value->data(), value->size(), 0);
+    }
+
+    Access access(info.st_mode & kPermissionBits, accessListOf(other));
     access.takeFrom(now.st_uid == info.st_uid ? std::nullopt : std::optional(info.st_uid),
                     now.st_gid == info.st_gid ? std::nullopt : std::optional(info.st_gid));
-    const bool hasItsList = giveList(descriptor, access);
+    const bool hasItsList = access.hasList() && setList(descriptor, access.list());
+    const bool hasNone = !hasItsList && removeList(descriptor);
     mode_t mode = hasItsList ? access.mode() : access.modeWithoutList();
-    if (!hasItsList && !access.hasList())
+    if (!hasItsList && !hasNone)
         mode &= ~kGroupBits; // the folder's list stays, and the group's bits are its mask
     giveMode(descriptor, mode, other);
 }
@@ -559,7 +618,7 @@ void replaceFile(const fs::path& target, const struct stat* old, std::string_vie
     checkWritable(target, old, bytes.size());
     TemporaryName temporary(writeBeside(target, old, bytes));
     if (::rename(temporary.get(), target.c_str()) != 0)
-        failWrite("rename", target, errno);
+        fail("rename", target, errno);
     temporary.release();
     syncFolder(folderOf(target));
 }
@@ -575,11 +634,19 @@ int copyTo(const fs::path& file, const fs::path& copy)
     constexpr unsigned kNoReplace = 1; // RENAME_NOREPLACE of the Linux kernel
     const bool isRenamed = ::syscall(SYS_renameat2, AT_FDCWD, temporary.get(), AT_FDCWD,
                                      copy.c_str(), kNoReplace) == 0;
-    // File systems that know no such thing have no hard links, either, so there is no other way.
-    const bool mustLook = !isRenamed && (errno == EINVAL || errno == ENOSYS);
-    if (mustLook && fs::exists(fs::symlink_status(copy)))
+    if (isRenamed)
+    {
+        temporary.release();
+        return 0;
+    }
+    if (errno != EINVAL && errno != ENOSYS)
+        return errno;
+    // File systems that do not know that may have hard links, of one's own files at least.
+    if (::link(temporary.get(), copy.c_str()) == 0)
+        return 0;
+    if (errno == EEXIST || fs::exists(fs::symlink_status(copy)))
         return EEXIST;
-    if (!isRenamed && !(mustLook && ::rename(temporary.get(), copy.c_str()) == 0))
+    if (::rename(temporary.get(), copy.c_str()) != 0)
         return errno;
     temporary.release();
     return 0;

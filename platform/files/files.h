@@ -14,7 +14,7 @@
 namespace files
 {
 
-/// A failure after a file had been opened: the disk is full, for instance.
+/// A failure of writing itself: the disk is full, for instance, or the file would be too large.
 struct WriteError : std::filesystem::filesystem_error
 {
     using filesystem_error::filesystem_error;
@@ -54,7 +54,7 @@ bool looksLikeText(std::string_view beginning);
 /// ".pstyle-<process>-<number>"; nothing else ever stays.
 ///
 /// A stream is written to instead. A pipe that nobody opens for reading fails after three seconds,
-/// and a stream that nobody reads from after ten.
+/// and a stream that is opened by its name and that nobody reads from after ten.
 void replace(const std::string& path, std::string_view bytes);
 
 /// Gives what a file holds now a second name beside it, so that a replacement of the file does not

@@ -565,6 +565,15 @@ TEST_F(WithoutADisplay, KnowsFoldersOfAnyName)
     EXPECT_EQ(run({"--list"}).output, "mine.stb\n");
 }
 
+TEST_F(WithoutADisplay, FailsWithoutAStandardOutput)
+{
+    const std::string table = makeTable("table.ctb").utf8_string();
+    const std::string export_ = std::string("'") + PSTYLE_PROGRAM + "' --export '" + table + "'";
+    EXPECT_EQ(WEXITSTATUS(std::system((export_ + " >&- 2>&-").c_str())), 1);
+    EXPECT_EQ(WEXITSTATUS(std::system((export_ + " '" + table + ".csv' <&- >&- 2>&-").c_str())), 0);
+    EXPECT_EQ(readBytes(table + ".csv").substr(0, 17), "PLOTSTYLE_TABLE,,");
+}
+
 TEST_F(WithoutADisplay, SaysThatAFileGrowsTooLarge)
 {
     const std::string command = "ulimit -f 1; '" PSTYLE_PROGRAM "' --export '" +

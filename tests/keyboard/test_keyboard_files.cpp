@@ -172,13 +172,14 @@ TEST_F(FilesOfASession, ALongNameThatIsEditedKeepsItsEnd)
     const std::string name = "begin" + std::string(1000, 'n') + "end";
     openNamed({name, name + "2", "Walls"});
     editor().key("Down");
-    editor().keys({"F2", "Home", "x"});
+    editor().keys({"F2", "Home", "x", "End", "y"});
     editor().key("Return");
     editor().key("Down");
     editor().key("F2");
     retype("Doors");
     editor().key("Return");
-    EXPECT_EQ(savedNames(), (Names{"Normal", "x" + name, "Doors", "Walls"}));
+    EXPECT_EQ(savedNames(), (Names{"Normal", "x" + name.substr(0, 250) + "y" + name.substr(250),
+                                   "Doors", "Walls"}));
 }
 
 TEST_F(FilesOfASession, ADescriptionThatIsReplacedIsReplaced)

@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdint>
 #include <fcntl.h>
+#include <sched.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -202,7 +203,7 @@ TEST_F(FilesOfOthers, GiveTheOldOwnerNoMoreAsOneOfTheGroup)
 {
     const fs::path path = make("a", 0066);
     ASSERT_EQ(replaceAsNobody(path), 0);
-    EXPECT_EQ(modeOf(path), 0000u);
+    EXPECT_EQ(modeOf(path), 0600u) << "the new owner can save again";
 }
 
 TEST_F(FilesOfOthers, LoseTheirSpecialBits)
@@ -233,7 +234,7 @@ TEST_F(FilesOfOthers, GiveTheOldGroupNoMoreAsOthers)
 {
     const fs::path path = make("a", 0606);
     ASSERT_EQ(replaceAsNobody(path), 0);
-    EXPECT_EQ(modeOf(path), 0600u) << "the group had nothing";
+    EXPECT_EQ(modeOf(path), 0600u) << "the group had nothing, and its members are others now";
 }
 
 TEST_F(FilesOfOthers, KeepTheListForEverybodyWhoIsInIt)
@@ -254,11 +255,58 @@ TEST_F(FilesOfOthers, KeepTheListForEverybodyWhoIsInIt)
                                                         {kUser, 0, 2222},
                                                         {kUser, 6, kNobody},
                                                         {kUser, 6, 0}, // the old owner
-                                                        {kGroup, 4},   // the new group
+                                                        {kGroup, 0},   // as group 3333 at the most
                                                         {kNamedGroup, 0, 3333},
                                                         {kNamedGroup, 6, 0}, // the old group
                                                         {kMask, 6},
                                                         {kOthers, 4}}));
+    EXPECT_EQ(modeOf(path), 0664u);
+}
+
+TEST_F(FilesOfOthers, KeepWhatTheMaskOfTheListAllowed)
+{
+    const fs::path path = make("a");
+    ASSERT_TRUE(setAttribute(path, kAccessList,
+                             accessList({{kOwner, 7},
+                                         {kUser, 2, 0}, // without effect: the owner
+                                         {kUser, 7, 2222},
+                                         {kGroup, 7},
+                                         {kMask, 4},
+                                         {kOthers, 6}})));
+    ASSERT_EQ(replaceAsNobody(path), 0);
+    EXPECT_EQ(attribute(path, kAccessList), accessList({{kOwner, 7},
+                                                        {kUser, 7, 0},
+                                                        {kUser, 4, 2222},
+                                                        {kGroup, 4},
+                                                        {kNamedGroup, 4, 0},
+                                                        {kMask, 7},
+                                                        {kOthers, 6}}));
+    EXPECT_EQ(modeOf(path), 0776u);
+}
+
+// In a namespace that does not know the users of the list, so that it cannot be set.
+TEST_F(FilesOfOthers, GiveNobodyMoreWhereTheListCannotBeSet)
+{
+    const fs::path path = make("a", 0600);
+    const std::string list =
+        accessList({{kOwner, 6}, {kUser, 6, 1002}, {kGroup, 6}, {kMask, 6}, {kOthers, 4}});
+    ASSERT_TRUE(setAttribute(path, kAccessList, list));
+    ASSERT_TRUE(setAttribute(folder.path(), kDefaultList, listForAStranger()));
+    const int result = inProcess(
+        [&path]
+        {
+            if (::unshare(CLONE_NEWUSER) != 0)
+                return -1;
+            writeFile("/proc/self/setgroups", "deny");
+            writeFile("/proc/self/uid_map", "0 0 1");
+            writeFile("/proc/self/gid_map", "0 0 1");
+            return replaceError(path);
+        });
+    if (result < 0 || result == 255)
+        GTEST_SKIP() << "no namespaces of users here";
+    ASSERT_EQ(result, 0);
+    EXPECT_EQ(readFile(path), "new");
+    EXPECT_EQ(attribute(path, kAccessList), "none");
     EXPECT_EQ(modeOf(path), 0664u);
 }
 

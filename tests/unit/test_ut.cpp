@@ -168,3 +168,21 @@ TEST_F(Configuration, WithAnImmutableKeyIsNotChanged)
     EXPECT_EQ(support::readFile(file()), bytes);
     EXPECT_EQ(value(), "/x");
 }
+
+TEST_F(Configuration, ThatIsDamagedAndReadOnlyStays)
+{
+    const std::string damaged = "[6]\n=\n";
+    support::writeFile(file(), damaged);
+    ASSERT_EQ(::chmod(file().c_str(), 0444), 0);
+    EXPECT_FALSE(store("/tables"));
+    EXPECT_EQ(support::readFile(file()), damaged);
+    EXPECT_EQ(names(), std::vector<std::string>{"pstyle.conf"});
+    EXPECT_EQ(messages.texts.size(), 1u);
+}
+
+TEST_F(Configuration, ThatIsDamagedTakesAnyFolder)
+{
+    support::writeFile(file(), "[6]\n=\n");
+    EXPECT_TRUE(store("/$HOME \\ %d"));
+    EXPECT_EQ(value(), "/$HOME \\ %d");
+}

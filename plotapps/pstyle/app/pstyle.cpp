@@ -104,11 +104,16 @@ OdPsPlotStyleTablePtr sourceTable(const wxString& path)
         hostReason([&] { table = cma::loadPlotStyleTable(OdString(path.wc_str())); });
     if (!table.isNull())
         return table;
-    const wxString what = wxFileName::DirExists(path) ? _("%s is a folder")
-                          : !wxFileName::Exists(path)
-                              ? _("%s does not exist")
-                              : _("%s cannot be opened as a plot style table");
-    say(exitFailed, withReason(wxString::Format(what, path), reason));
+    std::error_code failure;
+    const auto kind = std::filesystem::status(systemPath(path), failure).type();
+    if (kind == std::filesystem::file_type::directory)
+        say(exitFailed, wxString::Format(_("%s is a folder"), path));
+    else if (kind == std::filesystem::file_type::not_found)
+        say(exitFailed, wxString::Format(_("%s does not exist"), path));
+    else
+        say(exitFailed,
+            withReason(wxString::Format(_("%s cannot be opened as a plot style table"), path),
+                       reason));
     return nullptr;
 }
 
@@ -248,6 +253,7 @@ public:
         }
         catch (const std::bad_alloc&)
         {
+            say(exitFailed, _("out of memory"));
             wxLogError("%s", _("out of memory"));
         }
         catch (const std::exception& error)
@@ -281,9 +287,11 @@ int list(const Options&)
 
 int setFolder(const Options& options)
 {
-    const wxString folder = fullPath(options.file);
+    wxString folder = fullPath(options.file);
     if (!wxFileName::DirExists(folder))
         return say(exitUsage, wxString::Format(_("%s is not a folder"), folder));
+    if (folder.length() > 1 && folder.EndsWith("/"))
+        folder.RemoveLast();
     if (!ut::setString(ut::ECfgGroup::Paths, "PlotStylePath", folder))
         return say(exitFailed, _("the configuration cannot be written"));
     if (wxGetEnv("PSTYLE_PLOT_STYLE_PATH", nullptr))
@@ -385,12 +393,12 @@ const Command commands[] = {
 };
 
 // What is opened later must not become the standard output or error of a program that was started
-// without: messages would go there.
+// without: messages would go there. These cannot be written, so that a lost output is a failure.
 void openStandardStreams()
 {
     int descriptor = 0;
     while (descriptor >= 0 && descriptor <= STDERR_FILENO)
-        descriptor = open("/dev/null", O_RDWR);
+        descriptor = open("/dev/null", O_RDONLY);
     if (descriptor > STDERR_FILENO)
         close(descriptor);
 }

@@ -28,8 +28,13 @@ wxString shownInRow(const wxString& text)
 bool isEdited(const wxString& typed, const wxString& shown)
 {
     constexpr size_t enoughToTell = 20;
-    return !typed.empty() && (typed.StartsWith(shown.Left(enoughToTell)) ||
-                              typed.EndsWith(shown.Right(enoughToTell)));
+    const std::wstring now = typed.ToStdWstring();
+    const std::wstring before = shown.ToStdWstring();
+    const auto beginning = std::mismatch(now.begin(), now.end(), before.begin(), before.end());
+    const auto end = std::mismatch(now.rbegin(), now.rend(), before.rbegin(), before.rend());
+    const auto common =
+        (beginning.first - now.begin()) + (end.first - now.rbegin()); // of both ends together
+    return common >= static_cast<std::ptrdiff_t>(std::min(enoughToTell, before.size()));
 }
 
 void showEntriesInList(wxComboBox* combo)

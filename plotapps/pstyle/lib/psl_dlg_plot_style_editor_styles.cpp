@@ -415,10 +415,10 @@ void DlgPlotStyleEditor::endStyleEdit(wxListEvent& event)
     const wxString typed = storableText(event.GetLabel());
     const OdPsPlotStylePtr style = m_table->styleAt(static_cast<int>(event.GetIndex()));
     const wxString oldName = style->localizedName().c_str();
-    const wxString shownName = shownInRow(oldName);
-    if (typed.empty() || typed == oldName || typed == storableText(shownName))
+    const wxString hiddenEnd = oldName.Mid(shownInRow(oldName).length());
+    const wxString shownName = storableText(shownInRow(oldName));
+    if (typed.empty() || typed == oldName || typed == shownName)
         return;
-    const wxString hiddenEnd = oldName.Mid(shownName.length());
     const wxString name = isEdited(typed, shownName) ? typed + hiddenEnd : typed;
     if (name.find_first_of(invalidCharacters) != wxString::npos)
     {

@@ -29,5 +29,6 @@ std::string systemPath(const wxString& path)
 
 wxString systemText(const std::string& text)
 {
-    return wxString(text.c_str(), wxConvWhateverWorks);
+    const wxString known(text.c_str(), *wxConvFileName);
+    return known.empty() ? wxString(text.c_str(), wxConvWhateverWorks) : known;
 }
