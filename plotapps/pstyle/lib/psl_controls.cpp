@@ -28,13 +28,10 @@ wxString shownInRow(const wxString& text)
 bool isEdited(const wxString& typed, const wxString& shown)
 {
     constexpr size_t enoughToTell = 20;
-    const std::wstring now = typed.ToStdWstring();
-    const std::wstring before = shown.ToStdWstring();
-    const auto beginning = std::mismatch(now.begin(), now.end(), before.begin(), before.end());
-    const auto end = std::mismatch(now.rbegin(), now.rend(), before.rbegin(), before.rend());
-    const auto common =
-        (beginning.first - now.begin()) + (end.first - now.rbegin()); // of both ends together
-    return common >= static_cast<std::ptrdiff_t>(std::min(enoughToTell, before.size()));
+    const wxString parts[] = {shown.Left(enoughToTell), shown.Mid(shown.length() / 2, enoughToTell),
+                              shown.Right(enoughToTell)};
+    return std::any_of(std::begin(parts), std::end(parts),
+                       [&typed](const wxString& part) { return typed.Contains(part); });
 }
 
 void showEntriesInList(wxComboBox* combo)

@@ -31,7 +31,8 @@ wxString shownPart(const wxString& text);
 wxString shownInRow(const wxString& text);
 
 /// Whether a text whose beginning was shown has been edited, and so keeps the end that was not
-/// shown; else the user has replaced it as a whole.
+/// shown; else the user has replaced it as a whole, and nothing of its beginning, middle or end is
+/// left.
 /// @param shown  the beginning that was shown
 bool isEdited(const wxString& typed, const wxString& shown);
 
