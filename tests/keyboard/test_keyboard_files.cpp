@@ -14,6 +14,14 @@ namespace
 
 using Names = std::vector<std::string>;
 
+std::string described(const char* text)
+{
+    const auto table = support::tableOf(support::pack(support::colorTableText()));
+    const std::string description = text;
+    table->setDescription(std::wstring(description.begin(), description.end()).c_str());
+    return support::bytesOf(*table);
+}
+
 class FilesOfASession : public EditorSession
 {
 protected:
@@ -34,6 +42,22 @@ protected:
 
     std::string bytes() const { return support::readFile(file); }
 
+    /// Has others write the file, and saves: both versions are there then, and the user is told.
+    void saveOverTheirs()
+    {
+        const std::string theirs = described("theirs");
+        support::writeFile(file, theirs);
+        editor().hands().key("alt+s");
+        ASSERT_TRUE(editor().waitForDialog("was changed by another program"));
+        editor().key("Return");
+        EXPECT_EQ(editor().wait(), 0);
+        EXPECT_EQ(stored()->description(), OdString(L"mine"));
+        ASSERT_EQ(others().size(), 1u);
+        EXPECT_EQ(others().front().rfind("table (changed on disk 2", 0), 0u) << others().front();
+        EXPECT_EQ(support::readFile(folder / others().front()), theirs);
+        expectKept();
+    }
+
     /// Expects that standard error tells, at last, what the only other file was kept for.
     void expectKept()
     {
@@ -44,48 +68,21 @@ protected:
     }
 };
 
-std::string described(const char* text)
-{
-    const auto table = support::tableOf(support::pack(support::colorTableText()));
-    const std::string description = text;
-    table->setDescription(std::wstring(description.begin(), description.end()).c_str());
-    return support::bytesOf(*table);
-}
-
 } // namespace
 
 TEST_F(FilesOfASession, WhatOthersHaveWrittenIsKeptAndTheUserIsTold)
 {
-    const std::string theirs = described("theirs");
     open("table.ctb", described("old"));
     describe("mine");
-    support::writeFile(file, theirs);
-    editor().hands().key("alt+s");
-    ASSERT_TRUE(editor().waitForDialog("was changed by another program"));
-    editor().key("Return");
-    EXPECT_EQ(editor().wait(), 0);
-    EXPECT_EQ(stored()->description(), OdString(L"mine"));
-    ASSERT_EQ(others().size(), 1u);
-    EXPECT_EQ(others().front().rfind("table (changed on disk 2", 0), 0u) << others().front();
-    EXPECT_EQ(support::readFile(folder / others().front()), theirs);
-    expectKept();
+    saveOverTheirs();
 }
 
 TEST_F(FilesOfASession, ATableThatHasAppearedIsKept)
 {
-    const std::string theirs = described("theirs");
-    start({(folder / "table.ctb").string()});
     file = (folder / "table.ctb").string();
+    start({file});
     describe("mine");
-    support::writeFile(file, theirs);
-    editor().hands().key("alt+s");
-    ASSERT_TRUE(editor().waitForDialog("was changed by another program"));
-    editor().key("Return");
-    EXPECT_EQ(editor().wait(), 0);
-    EXPECT_EQ(stored()->description(), OdString(L"mine"));
-    ASSERT_EQ(others().size(), 1u);
-    EXPECT_EQ(support::readFile(folder / others().front()), theirs);
-    expectKept();
+    saveOverTheirs();
 }
 
 TEST_F(FilesOfASession, ATableThatWasOnlyTouchedIsReplacedWithoutAWord)
