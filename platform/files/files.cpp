@@ -531,7 +531,8 @@ void giveTo(int descriptor, const fs::path& other, const struct stat& info)
     if (::fstat(descriptor, &now) != 0)
         fail("look at", other, errno);
 
-    // Whatever the file system refuses is lost: what users write there is a remark, no permission.
+    // An attribute that cannot be set is lost. Those of users permit nothing; those of the system
+    // are the folder's then, as for every new file.
     for (const std::string& name : attributeNames(other))
     {
         const auto value =
@@ -553,9 +554,9 @@ void giveTo(int descriptor, const fs::path& other, const struct stat& info)
 
 // --- Replacing ---------------------------------------------------------------------------------
 
-/// Refuses a write that could not end well. A file that is read-only is not replaced, although the
-/// folder would allow it, and root be able to; and the system may end a program without a word that
-/// writes more into a file than it is allowed to.
+/// Refuses a write that could not end well. A read-only file is not replaced, although the folder
+/// may allow it, and root may do anything. The system may end a program without a word that writes
+/// more into a file than it is allowed to.
 void checkWritable(const fs::path& target, const struct stat* old, std::size_t size)
 {
     if (old && (old->st_mode & kAnyWriteBit) == 0)
@@ -585,7 +586,7 @@ int createIn(const fs::path& folder, mode_t mode, std::string& path)
 }
 
 /// Brings the folder's new entry to the disk. Not every file system can, and the file has its new
-/// contents already, so a failure is none of the save.
+/// contents already, so that a failure does not make the save fail.
 void syncFolder(const fs::path& folder)
 {
     const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
