@@ -366,12 +366,12 @@ public:
     /// what he needs to save again: he may set permissions anyway.
     void takeFrom(std::optional<uid_t> oldOwner, std::optional<gid_t> oldGroup)
     {
-        const auto ownersPermissions = static_cast<std::uint16_t>(m_mode >> 6 & kOtherBits);
+        const mode_t ownersPermissions = m_mode >> 6 & kOtherBits;
         if (hasList())
             applyMask();
         if (oldOwner && hasList())
         {
-            add(AccessEntry::User, *oldOwner).permissions = ownersPermissions;
+            add(AccessEntry::User, *oldOwner).permissions = bitsOf(ownersPermissions);
             widenMask(ownersPermissions);
         }
         else if (oldOwner) // who is among the group or the others now
@@ -414,7 +414,12 @@ public:
     }
 
 private:
-    static constexpr std::uint16_t kReadAndWrite = 6;
+    static constexpr mode_t kReadAndWrite = 06;
+
+    static std::uint16_t bitsOf(mode_t permissions)
+    {
+        return static_cast<std::uint16_t>(permissions & kOtherBits);
+    }
 
     /// The permissions of the first entry of a kind.
     std::uint16_t find(AccessEntry::Tag tag) const
@@ -433,18 +438,18 @@ private:
     /// Takes from every entry what the mask keeps from it.
     void applyMask()
     {
-        const auto mask = static_cast<std::uint16_t>(m_mode >> 3 & kOtherBits);
+        const std::uint16_t mask = bitsOf(m_mode >> 3);
         for (AccessEntry& entry : m_entries)
             if (isMasked(entry))
                 entry.permissions &= mask;
     }
 
-    void widenMask(std::uint16_t permissions)
+    void widenMask(mode_t permissions)
     {
         m_mode |= permissions << 3; // while there is a list, the group's bits are the mask
         for (AccessEntry& entry : m_entries)
             if (entry.tag == AccessEntry::Mask)
-                entry.permissions |= permissions;
+                entry.permissions |= bitsOf(permissions);
     }
 
     /// Gives the owning group, which is another now, no more than the others and every named group
@@ -460,12 +465,12 @@ private:
                 entry.permissions &= most;
     }
 
-    void setOwner(std::uint16_t permissions)
+    void setOwner(mode_t permissions)
     {
         m_mode = (m_mode & ~kOwnerBits) | permissions << 6;
         for (AccessEntry& entry : m_entries)
             if (entry.tag == AccessEntry::Owner)
-                entry.permissions = permissions;
+                entry.permissions = bitsOf(permissions);
     }
 
     /// The entry of a user or group; a new one without permissions, behind those of its kind, where
