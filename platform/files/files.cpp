@@ -691,24 +691,30 @@ Kind kindOf(const std::string& path)
     }
 }
 
+std::size_t readAll(int descriptor, char* data, std::size_t size, const std::string& path)
+{
+    std::size_t done = 0;
+    while (done < size)
+    {
+        const ssize_t count = ::read(descriptor, data + done, size - done);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            fail("read", path, errno);
+        if (count == 0)
+            break;
+        done += static_cast<std::size_t>(count);
+    }
+    return done;
+}
+
 std::string beginningOf(const std::string& path, std::size_t size)
 {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file.get() < 0)
         fail("open", path, errno);
     std::string bytes(size, '\0');
-    std::size_t done = 0;
-    ssize_t count = 1;
-    while (done < size && count > 0)
-    {
-        count = ::read(file.get(), bytes.data() + done, size - done);
-        if (count < 0 && errno != EINTR)
-            fail("read", path, errno);
-        done += static_cast<std::size_t>(std::max(count, ssize_t{0}));
-        if (count < 0)
-            count = 1; // interrupted, and to be repeated
-    }
-    bytes.resize(done);
+    bytes.resize(readAll(file.get(), bytes.data(), size, path));
     return bytes;
 }
 

@@ -37,6 +37,10 @@ enum class Kind
 /// Never fails: what cannot be reached is nothing.
 Kind kindOf(const std::string& path);
 
+/// Reads from an open file until the buffer is full or the file ends. @param path  for a failure
+/// @return the number of bytes
+std::size_t readAll(int descriptor, char* data, std::size_t size, const std::string& path);
+
 /// The first bytes of a regular file; fewer when the file is shorter.
 std::string beginningOf(const std::string& path, std::size_t size);
 

@@ -6,9 +6,12 @@
 #include "tablefile/error.h"
 #include "tablefile/limits.h"
 
+#include "files/files.h"
+
 #include <cerrno>
 #include <cstdint>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -45,24 +48,6 @@ private:
     int m_descriptor;
 };
 
-/// Reads until the buffer is full or the file ends. @return the number of bytes
-std::size_t readAll(int descriptor, char* data, std::size_t size)
-{
-    std::size_t done = 0;
-    while (done < size)
-    {
-        const ssize_t count = ::read(descriptor, data + done, size - done);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            failRead(std::generic_category().message(errno));
-        if (count == 0)
-            break;
-        done += static_cast<std::size_t>(count);
-    }
-    return done;
-}
-
 } // namespace
 
 Buffer readFile(const std::string& path)
@@ -77,7 +62,14 @@ Buffer readFile(const std::string& path)
     if (static_cast<std::uintmax_t>(info.st_size) > kMaxFile)
         throw Error{Status::TooLarge, kMaxFile, reason("the file is too large"), Place::File};
     Buffer bytes(static_cast<std::size_t>(info.st_size));
-    bytes.shrink(readAll(file.get(), bytes.data(), bytes.size()));
+    try
+    {
+        bytes.shrink(files::readAll(file.get(), bytes.data(), bytes.size(), path));
+    }
+    catch (const std::filesystem::filesystem_error& error)
+    {
+        failRead(error.code().message());
+    }
     return bytes;
 }
 

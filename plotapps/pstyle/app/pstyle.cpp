@@ -7,6 +7,7 @@
 #include "psl_csv.h"
 #include "psl_host_reason.h"
 #include "psl_path_text.h"
+#include "psl_table_paths.h"
 
 #include "cmdapi/cma.h"
 #include "files/files.h"
@@ -53,15 +54,15 @@ int say(ExitStatus status, wxString message)
     return status;
 }
 
-// Runs a command. @return its status, after what has kept it from coming to an end has been said
+// Runs a command. @return its status, after what has kept it from coming to an end has been said:
+// that the current folder is gone, for instance
 int guarded(const std::function<int()>& command)
 {
     try
     {
         return command();
     }
-    catch (
-        const std::filesystem::filesystem_error& error) // the current folder is gone, for instance
+    catch (const std::filesystem::filesystem_error& error)
     {
         return say(exitFailed, systemText(files::reasonOf(error, std::string())));
     }
@@ -122,7 +123,7 @@ OdPsPlotStyleTablePtr sourceTable(const wxString& path)
 // Nothing is overwritten that the user has not been asked about.
 wxString copyProblem(const OdPsPlotStyleTable& source, const wxString& copy)
 {
-    const wxString extension = source.isColorDependent() ? "ctb" : "stb";
+    const wxString extension = tableExtension(source.isColorDependent());
     if (!wxFileName(copy).GetExt().IsSameAs(extension, false))
         return wxString::Format(_("a copy of this table must have the extension .%s"), extension);
     if (files::kindOf(systemPath(copy)) != files::Kind::Nothing)

@@ -12,13 +12,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <string>
 
 namespace
 {
 
-// FNV-1a with 64 bits, by Fowler, Noll and Vo.
-constexpr std::uint64_t firstHash = 0xCBF29CE484222325;
-constexpr std::uint64_t hashPrime = 0x100000001B3;
 // A table is never as long; of a longer file the beginning is looked at.
 constexpr std::uintmax_t mostRead = std::uintmax_t{32} << 20;
 
@@ -29,12 +28,10 @@ DiskVersion::DiskVersion(const wxString& path)
     const std::string name = systemPath(path);
     if (files::kindOf(name) != files::Kind::File)
         return;
-    m_hash = firstHash;
     try
     {
         m_size = std::filesystem::file_size(name);
-        for (const char c : files::beginningOf(name, std::min(*m_size, mostRead)))
-            m_hash = (m_hash ^ static_cast<unsigned char>(c)) * hashPrime;
+        m_hash = std::hash<std::string>()(files::beginningOf(name, std::min(*m_size, mostRead)));
     }
     catch (const std::filesystem::filesystem_error&)
     {

@@ -26,7 +26,7 @@ public:
 
 private:
     std::optional<std::uintmax_t> m_size; // none where there is no file
-    std::uint64_t m_hash = 0;
+    std::size_t m_hash = 0;               // of the bytes
 };
 
 /// Gives what a file holds now a second name beside it that tells when it was last changed.
