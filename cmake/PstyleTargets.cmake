@@ -1,16 +1,42 @@
 # What the targets of the project share: warnings, instrumentation, headers, installation.
 
-# Applies the project's warnings and instrumentation to a target.
+include(CheckCXXCompilerFlag)
+
+# What the compiler has against attacks on the memory; some of it is for certain processors only.
+set(pstyle_hardening)
+foreach(flag -fstack-protector-strong -fstack-clash-protection -fcf-protection
+        -mbranch-protection=standard)
+    string(MAKE_C_IDENTIFIER "has${flag}" has)
+    check_cxx_compiler_flag(${flag} ${has})
+    if(${has})
+        list(APPEND pstyle_hardening ${flag})
+    endif()
+endforeach()
+# The checks of the C library's functions need an optimised build.
+list(APPEND pstyle_hardening "$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+
+# Applies the project's warnings, instrumentation and hardening to a target. The code of a TEST is
+# compiled quickly: it is neither optimised nor hardened, and of the sanitizers only the address one
+# looks at it.
 function(pstyle_target_defaults target)
+    cmake_parse_arguments(arg "TEST" "" "" ${ARGN})
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-        $<$<BOOL:${PSTYLE_WERROR}>:-Werror>)
+        $<$<BOOL:${PSTYLE_WERROR}>:-Werror>
+        $<$<BOOL:${arg_TEST}>:-O0>)
     if(PSTYLE_SANITIZE)
-        target_compile_options(${target} PRIVATE
-            -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+        target_compile_options(${target} PRIVATE -fno-omit-frame-pointer -fsanitize=address)
+        if(NOT arg_TEST)
+            target_compile_options(${target} PRIVATE
+                -fsanitize=undefined -fno-sanitize-recover=undefined)
+        endif()
         target_link_options(${target} PRIVATE -fsanitize=address,undefined)
     else()
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
+        if(NOT arg_TEST)
+            target_compile_options(${target} PRIVATE ${pstyle_hardening})
+            target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now)
+        endif()
     endif()
     if(PSTYLE_BUILD_FUZZ)
         target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
@@ -43,6 +69,7 @@ function(pstyle_add_library name)
     target_compile_options(${name} PRIVATE -fno-semantic-interposition)
     # Their names are a host's own, and too common for the folder that all programs share.
     set_target_properties(${name} PROPERTIES
+        INSTALL_RPATH $ORIGIN
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/pstyle)
     pstyle_target_defaults(${name})

@@ -141,6 +141,7 @@ void DlgPlotStyleEditor::endLineWeightEdit(wxListEvent& event)
     const auto value = parseLineWeight(label, m_unitsIn);
     if (!value)
     {
+        // Newer versions of gettext do not take %lf for a format by themselves. xgettext:c-format
         wxLogError(_("Custom lineweights must be greater than or equal to 0 and less than or equal "
                      "to %.0lf mm (%.4lf\")."),
                    maxLineWeight, maxLineWeight / millimetersPerInch);
