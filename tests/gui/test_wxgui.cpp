@@ -1,6 +1,7 @@
 // The host's combo boxes and window helpers.
 
 #include "support/gui_support.h"
+#include "support/hands.h"
 #include "support/screen_image.h"
 
 #include "wxgui/color_combo.h"
@@ -259,9 +260,10 @@ TEST_F(ImageCombos, LeavesMnemonicsToTheDialog)
     show();
     combo->setValue(31);
     combo->SetFocus();
-    wxUIActionSimulator simulator;
-    simulator.MouseMove(combo->GetScreenPosition() + wxPoint(20, 10));
-    simulator.Char('B', wxMOD_ALT);
+    Hands hands;
+    const wxPoint inside = combo->GetScreenPosition() + wxPoint(20, 10);
+    hands.moveTo({inside.x, inside.y});
+    hands.key("alt+b");
     EXPECT_TRUE(waitFor([&clicks] { return clicks == 1; }));
     EXPECT_EQ(combo->value(), 31) << "no entry is picked";
 }

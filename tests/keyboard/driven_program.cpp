@@ -143,7 +143,7 @@ void DrivenProgram::click(const std::string& name, std::string_view modifier)
     const SeenControl seen = control(name);
     if (!seen.isShown)
         throw std::runtime_error(name + " is not on the screen");
-    clickAt(seen.place.centre(), modifier);
+    clickAt(seen.place.text(), modifier);
 }
 
 void DrivenProgram::clickAt(ScreenPoint point, std::string_view modifier)
@@ -186,7 +186,7 @@ std::optional<ScreenRect> DrivenProgram::rowInView(const std::string& list, int 
 
 void DrivenProgram::wheel(const std::string& name, int notches)
 {
-    m_hands.wheel(control(name).place.centre(), notches);
+    m_hands.wheel(control(name).place.text(), notches);
     settle();
 }
 
@@ -312,5 +312,5 @@ int DrivenProgram::wait()
 
 std::string DrivenProgram::errors() const
 {
-    return support::readFile(m_folder / "errors");
+    return support::withoutLoaderWarnings(support::readFile(m_folder / "errors"));
 }

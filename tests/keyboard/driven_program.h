@@ -4,7 +4,7 @@
 #define TESTS_KEYBOARD_DRIVEN_PROGRAM_H
 
 #include "support/test_files.h"
-#include "tests/keyboard/hands.h"
+#include "support/hands.h"
 
 #include <functional>
 #include <optional>

@@ -56,6 +56,18 @@ std::vector<std::string> namesIn(const fs::path& folder)
     return names;
 }
 
+std::string withoutLoaderWarnings(const std::string& errors)
+{
+    std::istringstream lines(errors);
+    std::string kept;
+    for (std::string line; std::getline(lines, line);)
+    {
+        if (line.rfind("WARNING: Glycin running without sandbox.", 0) != 0)
+            kept += line + '\n';
+    }
+    return kept;
+}
+
 int inProcess(const std::function<int()>& work)
 {
     const pid_t child = ::fork();

@@ -33,6 +33,10 @@ void writeFile(const std::filesystem::path& path, std::string_view bytes);
 /// The names of what is in a folder, sorted.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
+/// What a program has written to standard error, less what the system's loader of pictures says
+/// where it cannot have the sandbox that it wants, in a chroot for example.
+std::string withoutLoaderWarnings(const std::string& errors);
+
 /// Does something in a process of its own. @return what it returns, or -1 when a signal ended it
 int inProcess(const std::function<int()>& work);
 

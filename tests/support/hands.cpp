@@ -1,6 +1,6 @@
 // Keys and pointer by the X server's test extension.
 
-#include "tests/keyboard/hands.h"
+#include "support/hands.h"
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>

@@ -1,7 +1,7 @@
 // Hands: real keys and a real pointer, by the X server's test extension.
 
-#ifndef TESTS_KEYBOARD_HANDS_H
-#define TESTS_KEYBOARD_HANDS_H
+#ifndef TESTS_SUPPORT_HANDS_H
+#define TESTS_SUPPORT_HANDS_H
 
 #include <string_view>
 
@@ -23,6 +23,8 @@ struct ScreenRect
     int height = 0;
 
     ScreenPoint centre() const { return {x + width / 2, y + height / 2}; }
+    /// Where to click at a control: in its text, if it has buttons at its end.
+    ScreenPoint text() const { return {x + width / 4, y + height / 2}; }
 };
 
 /// Presses keys and moves the pointer of the display that DISPLAY names. Every call returns when
