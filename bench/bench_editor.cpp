@@ -153,6 +153,8 @@ wxString makeTable(const wxString& folder, int styles)
     return file;
 }
 
+} // namespace
+
 class BenchApp : public wxApp
 {
 public:
@@ -195,7 +197,5 @@ private:
         std::fflush(stdout);
     }
 };
-
-} // namespace
 
 wxIMPLEMENT_APP(BenchApp);

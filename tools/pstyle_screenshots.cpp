@@ -169,6 +169,8 @@ private:
     bool m_succeeded = true;
 };
 
+} // namespace
+
 class ScreenshotApp : public wxApp
 {
 public:
@@ -200,7 +202,5 @@ public:
         return photographer.succeeded() ? EXIT_SUCCESS : EXIT_FAILURE;
     }
 };
-
-} // namespace
 
 wxIMPLEMENT_APP(ScreenshotApp);

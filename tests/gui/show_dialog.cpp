@@ -13,9 +13,6 @@
 #include <functional>
 #include <map>
 
-namespace
-{
-
 class ShowDialog : public wxApp
 {
     bool OnInit() override
@@ -45,7 +42,5 @@ class ShowDialog : public wxApp
         return 0;
     }
 };
-
-} // namespace
 
 wxIMPLEMENT_APP(ShowDialog);

@@ -38,6 +38,8 @@ void complainOfAssertion(const wxString& file, int line, const wxString&, const 
              std::to_string(line));
 }
 
+} // namespace
+
 class WalkHost : public wxApp
 {
     bool OnInit() override
@@ -52,8 +54,6 @@ class WalkHost : public wxApp
 
     int OnRun() override { return editPlotStyleTable(argv[1], nullptr) ? 0 : 1; }
 };
-
-} // namespace
 
 OdPsPlotStyleTablePtr cma::loadPlotStyleTable(const OdString& path)
 {

@@ -223,8 +223,9 @@ TEST(ReadText, ValuesOfAnyLengthInStylesOfTheSameKeys)
         for (int i = 0; i < 120; ++i)
         {
             const std::string number = std::to_string(i);
-            text += " " + number + "{" + end + "  name=\"" + std::string(i % 7u, 'n') + number +
-                    end + "  later=" + std::to_string(i % 3) + end + "  color=" + number + end +
+            text += " " + number + "{" + end + "  name=\"" +
+                    std::string(static_cast<std::size_t>(i) % 7, 'n') + number + end +
+                    "  later=" + std::to_string(i % 3) + end + "  color=" + number + end +
                     "  screen=" + std::to_string(i / 2) + end + "  just this" + end +
                     "  linepattern_size=" + number + ".5" + end + " }" + end;
         }
@@ -232,7 +233,8 @@ TEST(ReadText, ValuesOfAnyLengthInStylesOfTheSameKeys)
         ASSERT_EQ(table->styleCount(), 120);
         for (int i = 0; i < 120; ++i)
         {
-            const std::wstring name = std::wstring(i % 7u, L'n') + std::to_wstring(i);
+            const std::wstring name =
+                std::wstring(static_cast<std::size_t>(i) % 7, L'n') + std::to_wstring(i);
             EXPECT_EQ(table->styleAt(i)->name(), OdString(name));
             EXPECT_EQ(table->styleAt(i)->localizedName(), OdString(name));
             EXPECT_EQ(dataOf(*table, i).color.color(), 0xC2000000u + static_cast<unsigned>(i));
