@@ -130,6 +130,8 @@ private:
             const Shot shot = m_shots.front();
             m_shots.pop_front();
             shot.prepare();
+            // The toolkit does it when it is idle, which may be after the picture.
+            m_dialog->UpdateWindowUI(wxUPDATE_UI_RECURSE);
             m_prepared = shot.name;
             return;
         }

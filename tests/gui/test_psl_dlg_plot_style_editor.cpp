@@ -4,7 +4,6 @@
 #include "support/editor_test.h"
 #include "support/table_maker.h"
 
-#include "psl_path_text.h"
 #include "wxgui/color_combo.h"
 #include "wxgui/image_combo.h"
 #include "wxgui/wxgui.h"
@@ -302,27 +301,6 @@ TEST_F(EditorTest, ScaleFieldsFollowTheCheckBox)
         EXPECT_EQ(find<wxWindow>(editor, "TextScale")->IsEnabled(), apply);
         EXPECT_EQ(find<wxWindow>(editor, "StatScale")->IsEnabled(), apply);
     }
-}
-
-TEST(FitPath, KeepsWhatFits)
-{
-    const auto measure = [](const wxString& s) { return static_cast<int>(s.length()) * 10; };
-    const wxString path = "Path: /a/folder/of/tables/table.ctb"; // 35 characters
-    EXPECT_EQ(fitPath(path, 354, measure), path);
-    EXPECT_EQ(fitPath(path, 353, measure), path.Left(31) + "...");
-    EXPECT_EQ(fitPath(path, 344, measure), path.Left(31) + "...");
-    EXPECT_EQ(fitPath(path, 343, measure), path.Left(30) + "...");
-}
-
-TEST(FitPath, NeverKeepsFewerThanTwelveCharacters)
-{
-    const auto measure = [](const wxString& s) { return static_cast<int>(s.length()) * 10; };
-    const wxString path = "Path: /a/folder/of/tables/table.ctb";
-    EXPECT_EQ(fitPath(path, 10, measure), "Path: /a/fol...");
-    EXPECT_EQ(fitPath(path, 7, measure), "Path: /a/fol...");
-    EXPECT_EQ(fitPath(path, 6, measure), path) << "a control too narrow to cut for";
-    EXPECT_EQ(fitPath("fifteen letters", 10, measure), "fifteen letters");
-    EXPECT_EQ(fitPath("sixteen letters!", 10, measure), "sixteen lett...");
 }
 
 namespace

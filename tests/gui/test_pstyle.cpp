@@ -14,6 +14,7 @@
 #include <wx/stopwatch.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -150,6 +151,9 @@ TEST_F(WithoutADisplay, RefusesWrongUsage)
         EXPECT_EQ(result.status, 2) << reason;
         EXPECT_EQ(result.output, "") << reason;
         EXPECT_NE(result.errors.find(reason), std::string::npos) << result.errors;
+        EXPECT_EQ(result.errors.rfind("pstyle: ", 0), 0u) << result.errors;
+        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 2)
+            << "the reason and a hint: " << result.errors;
     }
 }
 

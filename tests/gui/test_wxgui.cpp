@@ -73,9 +73,37 @@ protected:
         return colours;
     }
 
+    // The brightness of what is darkest in a control, from 0 to 255, its edges aside.
+    static int darkestOf(wxWindow* control)
+    {
+        constexpr int edge = 4;
+        control->Refresh();
+        control->Update();
+        const wxImage image = screenImage(*control);
+        int darkest = 255;
+        for (int y = edge; y < image.GetHeight() - edge; ++y)
+            for (int x = edge; x < image.GetWidth() / 2; ++x)
+                darkest = std::min<int>(darkest, image.GetGreen(x, y));
+        return darkest;
+    }
+
     bool showsColour(wxWindow* control, unsigned long rgb)
     {
         return waitFor([this, control, rgb] { return coloursOf(control).count(rgb) > 0; });
+    }
+
+    // The smallest rectangle that holds all that a control shows of a colour.
+    static wxRect boundsOf(wxWindow* control, unsigned long rgb)
+    {
+        const wxImage image = screenImage(*control);
+        wxRect bounds;
+        for (int y = 0; y < image.GetHeight(); ++y)
+            for (int x = 0; x < image.GetWidth(); ++x)
+                if (static_cast<unsigned long>(image.GetRed(x, y)) << 16 == (rgb & 0xFF0000) &&
+                    static_cast<unsigned long>(image.GetGreen(x, y)) << 8 == (rgb & 0xFF00) &&
+                    image.GetBlue(x, y) == (rgb & 0xFF))
+                    bounds.Union(wxRect(x, y, 1, 1));
+        return bounds;
     }
 
     bool hidesColour(wxWindow* control, unsigned long rgb)
@@ -221,6 +249,46 @@ TEST_F(ImageCombos, DrawsAGreyPictureWhenDisabled)
     ASSERT_TRUE(showsColour(combo, 0xFF0000));
     combo->Disable();
     EXPECT_TRUE(hidesColour(combo, 0xFF0000));
+}
+
+TEST_F(ImageCombos, DrawsNothingWhereThePictureIsMaskedOut)
+{
+    show();
+    wxBitmap masked = solid(*wxGREEN, wxSize(80, 6));
+    masked.SetMask(new wxMask(masked, *wxGREEN));
+    combo->setItem(1, "Masked", masked);
+    combo->setValue(0);
+    EXPECT_TRUE(hidesColour(combo, 0xFF0000));
+    EXPECT_FALSE(coloursOf(combo).count(0x00FF00));
+}
+
+TEST_F(ImageCombos, DrawsAPaleTextWhenDisabledOrVaried)
+{
+    show();
+    combo->setValue(31);
+    ASSERT_TRUE(waitFor([this] { return coloursOf(combo).size() > 10; })) << "it is painted";
+    const auto darkest = [this] { return darkestOf(combo); };
+    const int usual = darkest();
+    combo->setVaries(true);
+    EXPECT_TRUE(waitFor([&] { return darkest() > usual; }));
+    combo->setVaries(false);
+    EXPECT_TRUE(waitFor([&] { return darkest() == usual; }));
+    combo->Disable();
+    EXPECT_TRUE(waitFor([&] { return darkest() > usual; }));
+}
+
+TEST_F(ImageCombos, ItsListHasRoomForEveryText)
+{
+    show();
+    const wxString wide(60, 'w');
+    combo->appendItem(wide, 6);
+    combo->Popup();
+    ASSERT_TRUE(waitFor([this] { return combo->IsPopupShown(); }));
+    const wxWindow* list = combo->GetPopupControl()->GetControl();
+    EXPECT_GE(list->GetSize().x, combo->GetTextExtent(wide).x + 80);
+    EXPECT_LE(list->GetSize().x, combo->GetTextExtent(wide).x + 80 + 60);
+    EXPECT_GE(list->GetSize().y, 4 * combo->GetCharHeight());
+    combo->Dismiss();
 }
 
 TEST_F(ImageCombos, IsOperatedByArrowKeysAndTypedLetters)
@@ -429,6 +497,8 @@ TEST_F(ColorCombos, DrawsTheColour)
     EXPECT_TRUE(showsColour(combo, 0xFF0000));
     combo->setColor({18, 52, 86});
     EXPECT_TRUE(showsColour(combo, 0x123456));
+    EXPECT_EQ(boundsOf(combo, 0x123456).GetSize(), wxSize(22, 10)) << "in a frame of a pixel";
+    EXPECT_EQ(boundsOf(combo, 0x808080).GetSize(), wxSize(24, 12));
     combo->setVaries(true);
     EXPECT_TRUE(hidesColour(combo, 0x123456));
 }

@@ -310,6 +310,26 @@ TEST_F(FilesOfOthers, GiveNobodyMoreWhereTheListCannotBeSet)
     EXPECT_EQ(modeOf(path), 0600u) << "somebody had nothing";
 }
 
+TEST_F(Files, OfTemporaryNamesAreNotWrittenInto)
+{
+    // Somebody has guessed the names, and put a file and a link where the new file is to be made.
+    const fs::path path = make("a");
+    const fs::path victim = make("victim");
+    const std::string name = ".pstyle-" + std::to_string(::getpid()) + "-";
+    writeFile(folder / (name + "0"), "in the way");
+    fs::create_symlink(victim, folder / (name + "1"));
+    EXPECT_EQ(replaceError(path), 0);
+    EXPECT_EQ(readFile(path), "new");
+    EXPECT_EQ(readFile(victim), "old");
+    EXPECT_EQ(readFile(folder / (name + "0")), "in the way");
+    EXPECT_EQ(namesIn(folder.path()).size(), 4u);
+
+    // With every name taken it gives up.
+    for (int i = 2; i < 1000; ++i)
+        writeFile(folder / (name + std::to_string(i)), "");
+    EXPECT_EQ(replaceError(path), EEXIST);
+}
+
 TEST_F(Files, ThatAreReadOnlyAreNotReplacedByAnyone)
 {
     const fs::path path = make("a", 0444);

@@ -138,6 +138,18 @@ TEST(OdPsStrLess, IgnoresCase)
     EXPECT_FALSE(less(L"", L""));
 }
 
+TEST(OdPsStrLess, KnowsTwoCasesOfEveryLetter)
+{
+    const OdPs::OdPsStrLess less;
+    for (const auto& [upper, lower] : {std::pair(L"A", L"a"), {L"M", L"m"}, {L"Z", L"z"}})
+    {
+        EXPECT_FALSE(less(upper, lower));
+        EXPECT_FALSE(less(lower, upper));
+    }
+    for (const auto& [before, after] : {std::pair(L"@", L"`"), {L"[", L"{"}, {L"0", L"P"}})
+        EXPECT_TRUE(less(before, after));
+}
+
 TEST(OdPsStrLess, KnowsTheCasesOfOtherAlphabetsInTheCLocale)
 {
     const OdPs::OdPsStrLess less;

@@ -119,6 +119,16 @@ TEST(Hostile, FilesThatAreNoTables)
     }
 }
 
+TEST(Hostile, AStreamThatNeedsADictionary)
+{
+    std::string file = pack(namedTableText({"Normal"}));
+    ASSERT_TRUE(isTable(file));
+    constexpr std::size_t kStream = 60;
+    ASSERT_EQ(file[kStream], '\x78');
+    file[kStream + 1] = '\xBB'; // the flag, and the check digit that goes with it
+    EXPECT_FALSE(isTable(file));
+}
+
 TEST(Hostile, OtherKindsOfTheSameContainer)
 {
     for (const char* const kind : {"PC3", "PMP", "XTB", "ctb"})
@@ -272,6 +282,34 @@ TEST(Hostile, LargeTablesLoad)
     EXPECT_EQ(table->styleAt(99999)->name(), OdString(L"Style 99999"));
     EXPECT_EQ(bytesOf(*table), file);
     EXPECT_EQ(table->findStyleByName(L"STYLE 5"), table->styleAt(5));
+}
+
+TEST(Hostile, ATableThatFillsTheMemoryCannotGrow)
+{
+    const auto tableOfTinyStyles = [](int count)
+    {
+        std::string text = "plot_style{\n";
+        for (int i = 0; i < count; ++i)
+            text += std::to_string(i) + "{\n}\n";
+        Container container;
+        container.kind = "STB";
+        return tablefile::decode(bufferOf(pack(text + "}\n", container))).table;
+    };
+    int most = 1000;
+    for (int step = 1 << 19; step > 0; step /= 2)
+    {
+        if (!tableOfTinyStyles(most + step).isNull())
+            most += step;
+    }
+    const std::wstring description(200000, L'x');
+    const OdPsPlotStyleTablePtr full = tableOfTinyStyles(most);
+    ASSERT_FALSE(full.isNull());
+    full->styleAt(0)->setDescription(description);
+    EXPECT_EQ(tablefile::encode(*full).error.status, tablefile::Status::TooLarge);
+
+    const OdPsPlotStyleTablePtr half = tableOfTinyStyles(most / 2);
+    half->styleAt(0)->setDescription(description);
+    EXPECT_EQ(tableOf(bytesOf(*half))->styleAt(0)->description(), OdString(description));
 }
 
 TEST(Hostile, LargeTablesCanBeSavedAsLongAsTheyCanBeRead)

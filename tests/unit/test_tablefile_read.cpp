@@ -81,6 +81,12 @@ TEST(ReadContainer, StreamBehindWideNumbersOrPadding)
         padded.padding.assign(padding, 'x');
         EXPECT_EQ(tableOf(pack(colorTableText(), padded))->styleCount(), 255) << padding;
     }
+    // What looks like a stream among the wide numbers is none.
+    wide.kind = "STB";
+    std::string file = pack(namedTableText({"Normal", "Wall", "Door"}), wide);
+    const std::string empty("\x78\x9C\x03\0\0\0\0\1", 8);
+    file.replace(62, empty.size(), empty);
+    EXPECT_EQ(tableOf(file)->styleCount(), 3);
     Container tooFar;
     tooFar.padding.assign(69, 'x');
     EXPECT_EQ(statusOf(pack(colorTableText(), tooFar)), tablefile::Status::NotATable);
@@ -327,6 +333,12 @@ TEST(ReadText, NamesInUtf8OrWindows1252)
     EXPECT_EQ(nameOf("\xED\xA0\x80"), OdString(L"\u00ED\u00A0\u20AC")); // a surrogate
     EXPECT_EQ(nameOf("\xF4\x90\x80\x80").str().size(), 4u);             // beyond Unicode
     EXPECT_EQ(nameOf("\xC3"), OdString(L"\u00C3"));                     // cut short
+    EXPECT_EQ(nameOf("\xF4\x8F\xBF\xBF"), OdString(L"\U0010FFFF"));
+    EXPECT_EQ(nameOf("\xED\x9F\xBF"), OdString(L"\uD7FF"));
+    EXPECT_EQ(nameOf("\xEE\x80\x80"), OdString(L"\uE000"));
+    EXPECT_EQ(nameOf("\xED\xBF\xBF").str().size(), 3u);     // the last surrogate
+    EXPECT_EQ(nameOf("\xF8\x90\x80\x80").str().size(), 4u); // no first byte of anything
+    EXPECT_EQ(nameOf("\x90\x90").str().size(), 2u);         // nor this one
     const OdPsPlotStyleTablePtr mixed = tableOfText(namedTableText({"\xE4", "\xC3\xA4"}), "STB");
     EXPECT_EQ(mixed->styleAt(0)->name(), mixed->styleAt(1)->name());
 }
