@@ -178,7 +178,8 @@ void VariesCombo::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) 
 void VariesCombo::drawText(wxDC& dc, const wxRect& rect, const wxString& text, int flags) const
 {
     const bool isField = flags & wxODCB_PAINTING_CONTROL;
-    if (isField && (m_varies || !IsEnabled()))
+    const bool isOnHighlight = flags & wxODCB_PAINTING_SELECTED;
+    if (isField && !isOnHighlight && (m_varies || !IsEnabled()))
         dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     wxRect inner = rect;
     inner.Deflate(gap, 0);

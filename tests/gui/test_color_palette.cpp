@@ -65,11 +65,10 @@ protected:
         return waitFor([window] { return wxWindow::FindFocus() == window; });
     }
 
-    /// The colour in a place of the field, given in pixels.
+    /// The colour in a place of the field, given in pixels. That it is drawn anew is its own
+    /// business.
     unsigned long rgbAt(wxPoint point)
     {
-        palette->Refresh();
-        palette->Update();
         const wxImage image = screenImage(*palette);
         return static_cast<unsigned long>(image.GetRed(point.x, point.y)) << 16 |
                static_cast<unsigned long>(image.GetGreen(point.x, point.y)) << 8 |

@@ -264,13 +264,20 @@ TEST_F(ImageCombos, DrawsNothingWhereThePictureIsMaskedOut)
 
 TEST_F(ImageCombos, DrawsAPaleTextWhenDisabledOrVaried)
 {
+    auto* other = new wxButton(panel, wxID_ANY, "other", wxPoint(10, 100));
     show();
     combo->setValue(31);
+    other->SetFocus();
+    ASSERT_TRUE(waitFor([&] { return other->HasFocus(); }));
     ASSERT_TRUE(waitFor([this] { return coloursOf(combo).size() > 10; })) << "it is painted";
     const auto darkest = [this] { return darkestOf(combo); };
     const int usual = darkest();
     combo->setVaries(true);
     EXPECT_TRUE(waitFor([&] { return darkest() > usual; }));
+    // Pale on the background of the focus nobody could read it.
+    combo->SetFocus();
+    EXPECT_TRUE(showsColour(combo, 0xFFFFFF));
+    other->SetFocus();
     combo->setVaries(false);
     EXPECT_TRUE(waitFor([&] { return darkest() == usual; }));
     combo->Disable();
