@@ -139,6 +139,40 @@ TEST_F(Lists, AClickOnOneOfAllSelectedStylesLeavesThatOne)
     EXPECT_EQ(editor().selected("ListStyles"), (Rows{3, 4}));
 }
 
+TEST_F(Lists, RangesBeginInRowsThatAreThere)
+{
+    // Before anything is selected, in the first row.
+    open("fresh.ctb", support::pack(support::colorTableText()));
+    editor().key("ctrl+Next");
+    editor().key("Tab");
+    for (int i = 0; editor().focus() != "ListStyles" && i < 20; ++i)
+        editor().key("Tab");
+    ASSERT_EQ(editor().focus(), "ListStyles");
+    editor().key("shift+Down");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{0, 1}));
+    editor().key("shift+Up");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{0});
+    editor().key("Escape");
+    EXPECT_EQ(editor().wait(), 1);
+
+    // A row that was deleted is no beginning any more, and a new one is.
+    openNamed({"a", "b", "c", "d", "e", "f"});
+    editor().clickRow("ListStyles", 6);
+    editor().clickRow("ListStyles", 3, "shift");
+    ASSERT_EQ(editor().selected("ListStyles"), (Rows{3, 4, 5, 6}));
+    editor().key("Delete");
+    ASSERT_EQ(editor().selected("ListStyles"), Rows{});
+    editor().key("shift+Up");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{1, 2}));
+    editor().key("Insert");
+    ASSERT_TRUE(editor().waitForDialog("Add Plot Style"));
+    editor().key("Return");
+    ASSERT_EQ(editor().selected("ListStyles"), Rows{3});
+    editor().key("shift+Up");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{2, 3}));
+    EXPECT_EQ(saved()->styleCount(), 4);
+}
+
 TEST_F(Lists, ReturnOnACheckBoxOrARadioButtonDoesNotConfirm)
 {
     openColors();

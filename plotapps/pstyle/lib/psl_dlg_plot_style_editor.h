@@ -152,6 +152,7 @@ private:
     bool onLineWeightKey(const wxKeyEvent& event);
     void selectAllStyles();
     void selectOnly(wxListCtrl* list, long row);
+    void prepareRange(bool extends);
     void gatherOnce();
     wxString askForStyleName();
     void showStyleName(long row);
@@ -204,6 +205,8 @@ private:
     std::unique_ptr<wxEventBlocker> m_quietList;
     /// The number field that the user has typed into and not left yet.
     wxSpinCtrl* m_typedInto = nullptr;
+    /// Whether the style list knows a row in which a range of rows begins.
+    bool m_rangeHasBegin = false;
     /// The table's description as its field showed it first; the field cannot show every text.
     wxString m_shownDescription;
     /// The end of a description that is too long for the field.

@@ -34,6 +34,7 @@ void DlgPlotStyleEditor::updateStyles()
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     list->DeleteAllItems();
+    m_rangeHasBegin = false;
     if (m_table.isNull())
         return;
     list->SetImageList(isCtb() ? m_colorImages.get() : nullptr, wxIMAGE_LIST_SMALL);
@@ -170,6 +171,7 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
 void DlgPlotStyleEditor::stylesChanged()
 {
     m_modified = true;
+    m_rangeHasBegin = false;
     m_styleCount = m_table->styleCount();
     updateNumStyles();
 }
@@ -233,8 +235,28 @@ void DlgPlotStyleEditor::bindLists()
                  [this](wxKeyEvent& event)
                  {
                      event.Skip();
+                     const bool isMove =
+                         isOneOf(event.GetKeyCode(),
+                                 {WXK_UP, WXK_DOWN, WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN});
+                     if (isMove && (event.ShiftDown() || !event.ControlDown()))
+                         prepareRange(event.ShiftDown());
                      gatherOnce();
                  });
+}
+
+// The toolkit's list keeps the row in which a range begins even when that row is gone, and has none
+// at first. Shift and an arrow key would then reach for rows that are not there, and never come
+// back.
+// @param extends  whether a range is to be extended, not begun
+void DlgPlotStyleEditor::prepareRange(bool extends)
+{
+    wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
+    const long focused = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    if (m_rangeHasBegin || focused < 0)
+        return;
+    m_rangeHasBegin = true;
+    if (extends)
+        selectOnly(list, focused);
 }
 
 // Comes before the list itself, which selects a row before it takes the focus from a field.
@@ -242,6 +264,8 @@ void DlgPlotStyleEditor::onStyleListPress(wxMouseEvent& event)
 {
     event.Skip();
     takeTypedNumber();
+    if (event.LeftDown())
+        prepareRange(event.ShiftDown());
     gatherOnce();
 }
 
