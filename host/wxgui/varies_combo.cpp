@@ -167,7 +167,7 @@ void VariesCombo::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) 
         const wxPoint corner =
             rect.GetPosition() + wxPoint(gap + (room.x - size.x) / 2, (rect.height - size.y) / 2);
         const bool disabled = isField && !IsThisEnabled();
-        dc.DrawBitmap(disabled ? bitmap.ConvertToDisabled() : bitmap, corner, true);
+        dc.DrawBitmap(disabled ? bitmap.ConvertToDisabled() : bitmap, corner);
         textRect.x += textIndent(bitmap);
         textRect.width -= textIndent(bitmap);
     }

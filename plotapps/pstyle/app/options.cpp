@@ -140,7 +140,6 @@ Options parseOptions(int argc, char** argv)
     };
     Options options;
     bool isSized = false;
-    opterr = 0;
     for (int found; (found = getopt_long(argc, argv, ":h", known, nullptr)) != -1;)
     {
         if (found == ':')
