@@ -67,9 +67,16 @@ function(pstyle_add_library name)
     target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
     # Nobody replaces single functions of these libraries, so calls within a file may be inlined.
     target_compile_options(${name} PRIVATE -fno-semantic-interposition)
+    foreach(needed ${arg_LINK} ${arg_PRIVATE_LINK})
+        if(TARGET ${needed})
+            get_target_property(type ${needed} TYPE)
+            if(type STREQUAL SHARED_LIBRARY)
+                set_target_properties(${name} PROPERTIES INSTALL_RPATH $ORIGIN)
+            endif()
+        endif()
+    endforeach()
     # Their names are a host's own, and too common for the folder that all programs share.
     set_target_properties(${name} PROPERTIES
-        INSTALL_RPATH $ORIGIN
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/pstyle)
     pstyle_target_defaults(${name})

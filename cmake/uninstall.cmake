@@ -21,7 +21,7 @@ foreach(line ${lines})
     cmake_path(GET file PARENT_PATH folder)
     list(APPEND folders ${folder})
 endforeach()
-file(REMOVE ${own_folder}/installed_files)
+file(REMOVE ${own_folder}/installed_files ${own_folder}/uninstall.cmake)
 
 # The folders of its own, if nothing is left in them; the inner ones first.
 list(APPEND folders ${own_folder})

@@ -2,6 +2,7 @@
 
 #include "support/editor_test.h"
 #include "support/hands.h"
+#include "support/sanitized.h"
 #include "support/table_maker.h"
 #include "support/test_files.h"
 
@@ -605,9 +606,8 @@ TEST_F(WithoutADisplay, DrawsAQuarterOfAMillionStyles)
 
 TEST_F(WithoutADisplay, SaysThatMemoryIsOut)
 {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer's own memory is in the way";
-#endif
+    if (support::kIsSanitized)
+        GTEST_SKIP() << "the sanitizer's own memory is in the way";
     support::Container named;
     named.kind = "STB";
     const wxString table =

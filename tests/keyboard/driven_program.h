@@ -3,8 +3,8 @@
 #ifndef TESTS_KEYBOARD_DRIVEN_PROGRAM_H
 #define TESTS_KEYBOARD_DRIVEN_PROGRAM_H
 
-#include "support/test_files.h"
 #include "support/hands.h"
+#include "support/test_files.h"
 
 #include <functional>
 #include <optional>

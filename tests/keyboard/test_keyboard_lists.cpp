@@ -152,6 +152,12 @@ TEST_F(Lists, RangesBeginInRowsThatAreThere)
     EXPECT_EQ(editor().selected("ListStyles"), (Rows{0, 1}));
     editor().key("shift+Up");
     EXPECT_EQ(editor().selected("ListStyles"), Rows{0});
+
+    // After a key that led nowhere.
+    editor().keys({"ctrl+End", "Down", "shift+Up"});
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{253, 254}));
+    editor().keys({"ctrl+Home", "Up", "shift+Down"});
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{0, 1}));
     editor().key("Escape");
     EXPECT_EQ(editor().wait(), 1);
 
@@ -170,7 +176,44 @@ TEST_F(Lists, RangesBeginInRowsThatAreThere)
     ASSERT_EQ(editor().selected("ListStyles"), Rows{3});
     editor().key("shift+Up");
     EXPECT_EQ(editor().selected("ListStyles"), (Rows{2, 3}));
-    EXPECT_EQ(saved()->styleCount(), 4);
+
+    // The last rows are deleted, and the key after that leads nowhere.
+    editor().key("Delete");
+    editor().keys({"Down", "shift+Up"});
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{0, 1}));
+    editor().click("ListStyles");
+    ASSERT_EQ(editor().selected("ListStyles"), Rows{}) << "that is below the rows";
+    editor().keys({"shift+Down", "shift+Up"});
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{0});
+    EXPECT_EQ(saved()->styleCount(), 2);
+}
+
+TEST_F(Lists, RangesReachFromTheirBeginningToTheFocus)
+{
+    openColors();
+    editor().clickRow("ListStyles", 3);
+    editor().keys({"shift+Down", "shift+Down"});
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{3, 4, 5}));
+    editor().keys({"shift+Up", "shift+Up", "shift+Up", "shift+Up"});
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{1, 2, 3}));
+    editor().key("shift+Home");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{0, 1, 2, 3}));
+    editor().clickRow("ListStyles", 5, "shift");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{3, 4, 5}));
+    editor().clickRow("ListStyles", 1, "ctrl");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{1, 3, 4, 5}));
+    editor().keys({"ctrl+Down", "shift+Down"});
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{1, 2, 3}))
+        << "the clicked row is the beginning";
+    editor().key("shift+End");
+    EXPECT_EQ(editor().selected("ListStyles").size(), 254u);
+    editor().keys({"Home", "shift+Next"});
+    const Rows page = editor().selected("ListStyles");
+    EXPECT_GT(page.size(), 2u);
+    editor().keys({"shift+Next", "shift+Prior"});
+    EXPECT_EQ(editor().selected("ListStyles"), page);
+    editor().key("shift+Prior");
+    EXPECT_EQ(editor().selected("ListStyles"), Rows{0});
 }
 
 TEST_F(Lists, ReturnOnACheckBoxOrARadioButtonDoesNotConfirm)

@@ -2,6 +2,7 @@
 
 #include "support/kills.h"
 
+#include "support/sanitized.h"
 #include "support/test_files.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +61,7 @@ bool wasKilled(pid_t child)
 void killWhileReplacing(const std::filesystem::path& file, const std::string& before,
                         const std::string& after, const std::function<bool()>& replace)
 {
-    constexpr int kKills = 500;
+    constexpr int kKills = kIsSanitized ? 50 : 500; // a sanitized process is slow to fork
     const Clock::duration time = 3 * timeOf(replace);
     ASSERT_TRUE(readFile(file) == after);
     std::mt19937 random(1);

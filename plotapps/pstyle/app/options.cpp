@@ -16,7 +16,7 @@ const char* const usage = wxTRANSLATE(
        pstyle --source SRC FILE          create FILE from the table SRC
        pstyle --new ctb|stb DIR          create a table in a folder, and print the name of one
                                          that is for the current drawing
-       pstyle --list                     print the tables of the plot style folder
+       pstyle --list                     name the tables in and below the plot style folder
        pstyle --folder DIR               make DIR the plot style folder
        pstyle --export TABLE [CSV]       write a table as comma-separated text
        pstyle --picture TABLE PNG        draw a table, a line for each run of equal styles

@@ -13,7 +13,7 @@ struct Options
         Choose,    ///< show the chooser
         Edit,      ///< edit `file`, created from `source` if that is not empty
         Create,    ///< ask for a new table in the folder `file`
-        List,      ///< print the tables of the plot style folder
+        List,      ///< print the names of the tables in and below the plot style folder
         SetFolder, ///< make `file` the plot style folder
         Export,    ///< write `source` as comma-separated text to `file`, or to standard output
         Picture,   ///< draw `source` into the PNG file `file`

@@ -152,7 +152,7 @@ private:
     bool onLineWeightKey(const wxKeyEvent& event);
     void selectAllStyles();
     void selectOnly(wxListCtrl* list, long row);
-    void prepareRange(bool extends);
+    void selectRangeTo(long row);
     void gatherOnce();
     wxString askForStyleName();
     void showStyleName(long row);
@@ -205,8 +205,8 @@ private:
     std::unique_ptr<wxEventBlocker> m_quietList;
     /// The number field that the user has typed into and not left yet.
     wxSpinCtrl* m_typedInto = nullptr;
-    /// Whether the style list knows a row in which a range of rows begins.
-    bool m_rangeHasBegin = false;
+    /// The row of the style list in which a range of rows begins; -1: the one with the focus.
+    long m_rangeBegin = -1;
     /// The table's description as its field showed it first; the field cannot show every text.
     wxString m_shownDescription;
     /// The end of a description that is too long for the field.

@@ -18,6 +18,43 @@
 
 #include <algorithm>
 
+namespace
+{
+
+long focusedRow(const wxListCtrl& list)
+{
+    return list.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+}
+
+// The row to which a key moves the focus of a list, or -1 when it is none of the keys that do.
+long rowOfKey(const wxListCtrl& list, int key)
+{
+    const long focused = focusedRow(list);
+    const long last = list.GetItemCount() - 1;
+    const long page = std::max(list.GetCountPerPage() - 1, 1);
+    if (focused < 0)
+        return -1;
+    switch (key)
+    {
+    case WXK_UP:
+        return std::max(focused - 1, 0L);
+    case WXK_DOWN:
+        return std::min(focused + 1, last);
+    case WXK_PAGEUP:
+        return std::max(focused - page, 0L);
+    case WXK_PAGEDOWN:
+        return std::min(focused + page, last);
+    case WXK_HOME:
+        return 0;
+    case WXK_END:
+        return last;
+    default:
+        return -1;
+    }
+}
+
+} // namespace
+
 // Names are compared as the table's style map does. The style that is being renamed takes part, so
 // that a rename which only changes case is refused: names that differ in case alone are one name to
 // the plotting system.
@@ -34,7 +71,7 @@ void DlgPlotStyleEditor::updateStyles()
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     list->DeleteAllItems();
-    m_rangeHasBegin = false;
+    m_rangeBegin = -1;
     if (m_table.isNull())
         return;
     list->SetImageList(isCtb() ? m_colorImages.get() : nullptr, wxIMAGE_LIST_SMALL);
@@ -171,7 +208,7 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
 void DlgPlotStyleEditor::stylesChanged()
 {
     m_modified = true;
-    m_rangeHasBegin = false;
+    m_rangeBegin = -1;
     m_styleCount = m_table->styleCount();
     updateNumStyles();
 }
@@ -232,31 +269,36 @@ void DlgPlotStyleEditor::bindLists()
     for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP, wxEVT_RIGHT_DOWN})
         styles->Bind(type, &DlgPlotStyleEditor::onStyleListPress, this);
     styles->Bind(wxEVT_CHAR,
-                 [this](wxKeyEvent& event)
+                 [this, styles](wxKeyEvent& event)
                  {
-                     event.Skip();
-                     const bool isMove =
-                         isOneOf(event.GetKeyCode(),
-                                 {WXK_UP, WXK_DOWN, WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN});
-                     if (isMove && (event.ShiftDown() || !event.ControlDown()))
-                         prepareRange(event.ShiftDown());
                      gatherOnce();
+                     const long row = rowOfKey(*styles, event.GetKeyCode());
+                     if (row >= 0 && event.ShiftDown())
+                     {
+                         selectRangeTo(row);
+                         return;
+                     }
+                     if (row < 0 || !event.ControlDown())
+                         m_rangeBegin = -1;
+                     else if (m_rangeBegin < 0)
+                         m_rangeBegin = focusedRow(*styles);
+                     event.Skip();
                  });
 }
 
-// The toolkit's list keeps the row in which a range begins even when that row is gone, and has none
-// at first. Shift and an arrow key would then reach for rows that are not there, and never come
-// back.
-// @param extends  whether a range is to be extended, not begun
-void DlgPlotStyleEditor::prepareRange(bool extends)
+// Ranges are selected here, since the list itself has no row in which one begins at first, keeps
+// that row when it is gone, and then reaches for rows that are not there and never comes back.
+void DlgPlotStyleEditor::selectRangeTo(long row)
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    const long focused = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
-    if (m_rangeHasBegin || focused < 0)
-        return;
-    m_rangeHasBegin = true;
-    if (extends)
-        selectOnly(list, focused);
+    if (m_rangeBegin < 0)
+        m_rangeBegin = std::max(focusedRow(*list), 0L);
+    const auto [first, last] = std::minmax(m_rangeBegin, row);
+    for (long i = 0; i < list->GetItemCount(); ++i)
+        list->SetItemState(i, i >= first && i <= last ? wxLIST_STATE_SELECTED : 0,
+                           wxLIST_STATE_SELECTED);
+    list->SetItemState(row, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+    list->EnsureVisible(row);
 }
 
 // Comes before the list itself, which selects a row before it takes the focus from a field.
@@ -264,9 +306,19 @@ void DlgPlotStyleEditor::onStyleListPress(wxMouseEvent& event)
 {
     event.Skip();
     takeTypedNumber();
-    if (event.LeftDown())
-        prepareRange(event.ShiftDown());
     gatherOnce();
+    if (!event.LeftDown() && !event.LeftDClick())
+        return;
+    int where = 0;
+    const long row =
+        findControl<wxListCtrl>(*this, "ListStyles")->HitTest(event.GetPosition(), where);
+    if (event.GetModifiers() != wxMOD_SHIFT || row < 0)
+    {
+        m_rangeBegin = -1;
+        return;
+    }
+    event.Skip(false);
+    selectRangeTo(row);
 }
 
 // A click or a key may change thousands of rows, and the list tells of each. What the selected
@@ -289,7 +341,7 @@ void DlgPlotStyleEditor::gatherOnce()
 bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
 {
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    const long focused = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    const long focused = focusedRow(*list);
     const int key = event.GetKeyCode();
     const bool isPlain = event.GetModifiers() == wxMOD_NONE;
     if (event.GetModifiers() == wxMOD_CONTROL && key == 'A')
@@ -341,7 +393,7 @@ void DlgPlotStyleEditor::bindTypeAhead(wxListCtrl* list)
         std::vector<wxString> rows;
         for (long row = 0; row < list->GetItemCount(); ++row)
             rows.push_back(list->GetItemText(row));
-        const long current = list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+        const long current = focusedRow(*list);
         const bool areNumbered = isCtb() && list == findControl<wxListCtrl>(*this, "ListStyles");
         const int row =
             findTypedRow(rows, static_cast<int>(current), typed->add(character, time), areNumbered);
@@ -363,24 +415,12 @@ void DlgPlotStyleEditor::selectAllStyles()
     updateStyleFields();
 }
 
-// By an arrow key, since only its own keys tell the list where a range of rows begins.
 void DlgPlotStyleEditor::selectOnly(wxListCtrl* list, long row)
 {
     constexpr long selectedAndFocused = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
-    const long neighbour = row > 0 ? row - 1 : row + 1;
-    const wxWindowList& parts = list->GetChildren();
-    const auto rows = std::find_if(parts.begin(), parts.end(),
-                                   [](const wxWindow* part) { return part->AcceptsFocus(); });
     list->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
-    if (rows != parts.end() && neighbour < list->GetItemCount())
-    {
-        list->SetItemState(neighbour, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
-        wxKeyEvent arrow(wxEVT_CHAR);
-        arrow.m_keyCode = row > 0 ? WXK_DOWN : WXK_UP;
-        (*rows)->HandleWindowEvent(arrow);
-    }
-    else
-        list->SetItemState(row, selectedAndFocused, selectedAndFocused);
+    list->SetItemState(row, selectedAndFocused, selectedAndFocused);
+    list->EnsureVisible(row);
 }
 
 void DlgPlotStyleEditor::onStyleSelected(wxListEvent&)
