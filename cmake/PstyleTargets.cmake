@@ -20,7 +20,9 @@ list(APPEND pstyle_hardening "$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORT
 # looks at it.
 function(pstyle_target_defaults target)
     cmake_parse_arguments(arg "TEST" "" "" ${ARGN})
+    # What ships does not tell in which folder it was built.
     target_compile_options(${target} PRIVATE
+        -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion
         $<$<BOOL:${PSTYLE_WERROR}>:-Werror>
         $<$<BOOL:${arg_TEST}>:-O0>)

@@ -1,6 +1,6 @@
 # The end of an installation that is not made for a package: the desktop learns of the new files, and
-# uninstall.cmake is put beside a list of what has been installed. Where the programs are missing that would
-# tell the desktop, there is none to be told.
+# the script "uninstall" is put beside a list of what has been installed. Where the programs are
+# missing that would tell the desktop, there is none to be told.
 
 if(NOT "$ENV{DESTDIR}" STREQUAL "")
     return()
@@ -11,6 +11,8 @@ foreach(update update-mime-database:mime update-desktop-database:applications)
     execute_process(COMMAND ${command})
 endforeach()
 
+set(own_folder ${prefix}/share/pstyle)
+set(paths)
 set(list)
 foreach(file ${CMAKE_INSTALL_MANIFEST_FILES})
     cmake_path(ABSOLUTE_PATH file NORMALIZE)
@@ -20,8 +22,21 @@ foreach(file ${CMAKE_INSTALL_MANIFEST_FILES})
         file(SHA256 ${file} hash)
     endif()
     cmake_path(RELATIVE_PATH file BASE_DIRECTORY ${prefix})
+    list(APPEND paths ${file})
     string(APPEND list "${hash} ${file}\n")
 endforeach()
-file(COPY ${CMAKE_CURRENT_LIST_DIR}/uninstall.cmake DESTINATION ${prefix}/share/pstyle)
-file(WRITE ${prefix}/share/pstyle/installed_files "${list}")
-message(STATUS "To uninstall: cmake -P ${prefix}/share/pstyle/uninstall.cmake")
+
+# What an older version has installed and this one has not is uninstalled with it.
+if(EXISTS ${own_folder}/installed_files)
+    file(STRINGS ${own_folder}/installed_files lines)
+    foreach(line ${lines})
+        string(REGEX REPLACE "^[^ ]* " "" file "${line}")
+        list(FIND paths "${file}" place)
+        if(place EQUAL -1)
+            string(APPEND list "${line}\n")
+        endif()
+    endforeach()
+endif()
+file(COPY ${CMAKE_CURRENT_LIST_DIR}/uninstall DESTINATION ${own_folder})
+file(WRITE ${own_folder}/installed_files "${list}")
+message(STATUS "To uninstall: ${own_folder}/uninstall")

@@ -16,6 +16,7 @@
 #include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/listctrl.h>
+#include <wx/log.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/notebook.h>
@@ -178,6 +179,8 @@ class ScreenshotApp : public wxApp
 public:
     bool OnInit() override
     {
+        // A message box would wait for somebody.
+        delete wxLog::SetActiveTarget(new wxLogStderr);
         ut::loadTranslations();
         wxInitAllImageHandlers();
         wxXmlResource::Get()->InitAllHandlers();

@@ -160,11 +160,16 @@ void DrivenProgram::clickRow(const std::string& list, int row, std::string_view 
 
 bool DrivenProgram::tryClickRow(const std::string& list, int row, std::string_view modifier)
 {
-    constexpr int insideText = 40;
     const auto place = rowInView(list, row);
     if (place)
-        clickAt({place->x + insideText, place->centre().y}, modifier);
+        clickAt(place->inRow(), modifier);
     return place.has_value();
+}
+
+void DrivenProgram::rightClickRow(const std::string& list, int row)
+{
+    m_hands.rightClick(rowInView(list, row).value().inRow());
+    settle();
 }
 
 bool DrivenProgram::isRowInView(const std::string& list, int row)
@@ -219,7 +224,8 @@ bool DrivenProgram::waitForDialog(std::string_view text)
         [&]
         {
             const auto open = dialogs();
-            return hasEnded() || (!open.empty() && open.back().find(text) != std::string::npos);
+            return hasEnded() || (!open.empty() && open.back().find(text) != std::string::npos &&
+                                  answer("active") == "yes");
         });
     settle();
     return came && !hasEnded();

@@ -54,6 +54,7 @@ public:
     /// Clicks the text of a row that is scrolled into view. @throw std::runtime_error where it is
     /// not
     void clickRow(const std::string& list, int row, std::string_view modifier = "");
+    void rightClickRow(const std::string& list, int row);
     /// The same where there is such a row in view. @return whether there was
     bool tryClickRow(const std::string& list, int row, std::string_view modifier = "");
     void wheel(const std::string& name, int notches);

@@ -249,8 +249,9 @@ wxString look(const wxArrayString& request)
         return wxString::Format("%d", innermostDialog()->GetClientSize().x);
     if (what == "active")
     {
-        auto* top = dynamic_cast<wxTopLevelWindow*>(innermostDialog());
-        return top && top->IsActive() ? "yes" : "";
+        const auto isActive = gdkFunction<int(WXWidget)>("gtk_window_is_active");
+        const wxWindow* dialog = innermostDialog();
+        return dialog && dialog->GetHandle() && isActive(dialog->GetHandle()) ? "yes" : "";
     }
     if (what == "style")
     {

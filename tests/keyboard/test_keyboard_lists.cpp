@@ -196,6 +196,10 @@ TEST_F(Lists, RangesReachFromTheirBeginningToTheFocus)
     EXPECT_EQ(editor().selected("ListStyles"), (Rows{3, 4, 5}));
     editor().keys({"shift+Up", "shift+Up", "shift+Up", "shift+Up"});
     EXPECT_EQ(editor().selected("ListStyles"), (Rows{1, 2, 3}));
+    editor().rightClickRow("ListStyles", 8);
+    editor().key("shift+Down");
+    EXPECT_EQ(editor().selected("ListStyles"), (Rows{8, 9})) << "a right click begins one, too";
+    editor().clickRow("ListStyles", 3);
     editor().key("shift+Home");
     EXPECT_EQ(editor().selected("ListStyles"), (Rows{0, 1, 2, 3}));
     editor().clickRow("ListStyles", 5, "shift");

@@ -24,6 +24,13 @@ protected:
         ASSERT_TRUE(editor().edit("ListStyles").has_value());
         retype(text);
     }
+
+    // Longer than two clicks that are one double click, and than a slow click takes.
+    void passTime()
+    {
+        for (int i = 0; i < 150; ++i)
+            editor().key("Shift_L");
+    }
 };
 
 class PendingLineweight : public EditorSession
@@ -161,12 +168,6 @@ TEST_F(PendingRename, GoesOnAfterARefusalByReturnOrByAClickElsewhere)
 TEST_F(PendingRename, IsBegunOnceByASlowClickAndAKey)
 {
     openNamed({"A", "B"});
-    // Longer than two clicks that are one double click, and than a slow click takes.
-    const auto passTime = [this]
-    {
-        for (int i = 0; i < 150; ++i)
-            editor().key("Shift_L");
-    };
     editor().clickRow("ListStyles", 2);
     passTime();
     editor().clickRow("ListStyles", 2);
@@ -176,6 +177,18 @@ TEST_F(PendingRename, IsBegunOnceByASlowClickAndAKey)
     EXPECT_EQ(editor().edit("ListStyles"), "Walls");
     editor().key("Return");
     EXPECT_EQ(savedNames(), (Names{"Normal", "A", "Walls"}));
+}
+
+TEST_F(PendingRename, IsNotBegunByASlowClickOnARowThatIsDeletedThen)
+{
+    openNamed({"A", "B", "C"});
+    editor().clickRow("ListStyles", 2);
+    passTime();
+    editor().clickRow("ListStyles", 2);
+    editor().key("Delete");
+    passTime();
+    EXPECT_EQ(editor().edit("ListStyles"), std::nullopt);
+    EXPECT_EQ(savedNames(), (Names{"Normal", "A", "C"}));
 }
 
 TEST_F(PendingRename, ScrollsItsRowIntoView)

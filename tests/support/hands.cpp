@@ -182,6 +182,13 @@ void Hands::click(ScreenPoint point, std::string_view modifier)
     deliver();
 }
 
+void Hands::rightClick(ScreenPoint point)
+{
+    moveTo(point);
+    button(Button3);
+    deliver();
+}
+
 void Hands::press(ScreenPoint point)
 {
     moveTo(point);

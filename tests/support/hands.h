@@ -25,6 +25,8 @@ struct ScreenRect
     ScreenPoint centre() const { return {x + width / 2, y + height / 2}; }
     /// Where to click at a control: in its text, if it has buttons at its end.
     ScreenPoint text() const { return {x + width / 4, y + height / 2}; }
+    /// Where to click at a row of a list: in its text, behind its picture.
+    ScreenPoint inRow() const { return {x + 40, y + height / 2}; }
 };
 
 /// Presses keys and moves the pointer of the display that DISPLAY names. Every call returns when
@@ -59,6 +61,7 @@ public:
     void moveTo(ScreenPoint point);
     /// Clicks with the left button, while the modifiers are held ("ctrl", "shift", or "").
     void click(ScreenPoint point, std::string_view modifier = "");
+    void rightClick(ScreenPoint point);
     /// Presses the left button, and lets it go where the pointer is.
     void press(ScreenPoint point);
     void release();

@@ -205,6 +205,8 @@ private:
     std::unique_ptr<wxEventBlocker> m_quietList;
     /// The number field that the user has typed into and not left yet.
     wxSpinCtrl* m_typedInto = nullptr;
+    /// Whether styles have been deleted since the style list was clicked.
+    bool m_clickedRowIsGone = false;
     /// The row of the style list in which a range of rows begins; -1: the one with the focus.
     long m_rangeBegin = -1;
     /// The table's description as its field showed it first; the field cannot show every text.

@@ -237,6 +237,7 @@ void DlgPlotStyleEditor::onStyleDel(wxCommandEvent&)
     }
     for (const OdPsPlotStylePtr& style : styles)
         m_table->deleteStyle(style);
+    m_clickedRowIsGone = true;
     updateStyleFields();
     stylesChanged();
 }
@@ -305,14 +306,15 @@ void DlgPlotStyleEditor::selectRangeTo(long row)
 void DlgPlotStyleEditor::onStyleListPress(wxMouseEvent& event)
 {
     event.Skip();
+    m_clickedRowIsGone = false;
     takeTypedNumber();
     gatherOnce();
-    if (!event.LeftDown() && !event.LeftDClick())
+    if (event.LeftUp())
         return;
     int where = 0;
     const long row =
         findControl<wxListCtrl>(*this, "ListStyles")->HitTest(event.GetPosition(), where);
-    if (event.GetModifiers() != wxMOD_SHIFT || row < 0)
+    if (event.RightDown() || event.GetModifiers() != wxMOD_SHIFT || row < 0)
     {
         m_rangeBegin = -1;
         return;
@@ -348,6 +350,7 @@ bool DlgPlotStyleEditor::onStyleKey(const wxKeyEvent& event)
         selectAllStyles();
     else if (isPlain && key == WXK_F2)
     {
+        m_clickedRowIsGone = false;
         if (focused >= 0 && list->GetItemState(focused, wxLIST_STATE_SELECTED) != 0)
             editRow(list, focused);
     }
@@ -432,8 +435,9 @@ void DlgPlotStyleEditor::onStyleSelected(wxListEvent&)
 void DlgPlotStyleEditor::onBeginLabelEdit(wxListEvent& event)
 {
     const auto* list = wxStaticCast(event.GetEventObject(), wxListCtrl);
-    // A slow click begins an edit after a while, in which a key may have begun it.
-    if (list->GetEditControl())
+    // A slow click begins an edit after a while, in which a key may have begun it, or have deleted
+    // the row, so that another one is in its place.
+    if (list->GetEditControl() || m_clickedRowIsGone)
     {
         event.Veto();
         return;
