@@ -2,6 +2,7 @@
 
 #include "support/gui_support.h"
 #include "support/hands.h"
+#include "support/image_colours.h"
 #include "support/screen_image.h"
 
 #include "odps/od_color.h"
@@ -67,13 +68,7 @@ protected:
 
     /// The colour in a place of the field, given in pixels. That it is drawn anew is its own
     /// business.
-    unsigned long rgbAt(wxPoint point)
-    {
-        const wxImage image = screenImage(*palette);
-        return static_cast<unsigned long>(image.GetRed(point.x, point.y)) << 16 |
-               static_cast<unsigned long>(image.GetGreen(point.x, point.y)) << 8 |
-               image.GetBlue(point.x, point.y);
-    }
+    unsigned long rgbAt(wxPoint point) { return rgbOf(screenImage(*palette), point.x, point.y); }
     bool shows(wxPoint point, unsigned long rgb)
     {
         return waitFor([&] { return rgbAt(point) == rgb; });

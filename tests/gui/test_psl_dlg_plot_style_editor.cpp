@@ -2,6 +2,7 @@
 // operations with their questions and messages.
 
 #include "support/editor_test.h"
+#include "support/image_colours.h"
 #include "support/table_maker.h"
 
 #include "wxgui/color_combo.h"
@@ -36,13 +37,10 @@ wxString text(const wxWindow& dialog, const char* name)
     return find<wxStaticText>(dialog, name)->GetLabelText();
 }
 
-std::uint32_t centreColour(const wxBitmap& bitmap)
+unsigned long centreColour(const wxBitmap& bitmap)
 {
     const wxImage image = bitmap.ConvertToImage();
-    const int x = image.GetWidth() / 2;
-    const int y = image.GetHeight() / 2;
-    return static_cast<std::uint32_t>(image.GetRed(x, y) << 16 | image.GetGreen(x, y) << 8 |
-                                      image.GetBlue(x, y));
+    return rgbOf(image, image.GetWidth() / 2, image.GetHeight() / 2);
 }
 
 } // namespace

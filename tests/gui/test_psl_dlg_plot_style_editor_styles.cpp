@@ -1,14 +1,13 @@
 // The editor's style list.
 
 #include "support/editor_driver.h"
+#include "support/image_colours.h"
 #include "support/tables.h"
 
 #include <wx/imaglist.h>
 #include <wx/listctrl.h>
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
-
-#include <set>
 
 namespace
 {
@@ -46,18 +45,6 @@ Names localizedNamesOf(const OdPsPlotStyleTable& table)
     for (int i = 0; i < table.styleCount(); ++i)
         names.push_back(wxString(table.styleAt(i)->localizedName().c_str()).utf8_string());
     return names;
-}
-
-std::set<std::uint32_t> coloursOf(const wxBitmap& bitmap)
-{
-    const wxImage image = bitmap.ConvertToImage();
-    std::set<std::uint32_t> colours;
-    for (int y = 0; y < image.GetHeight(); ++y)
-        for (int x = 0; x < image.GetWidth(); ++x)
-            colours.insert(static_cast<std::uint32_t>(image.GetRed(x, y)) << 16 |
-                           static_cast<std::uint32_t>(image.GetGreen(x, y)) << 8 |
-                           image.GetBlue(x, y));
-    return colours;
 }
 
 // The middle of a row on the screen.
@@ -133,7 +120,8 @@ TEST_F(StyleList, ShowsASwatchForEveryColour)
     {
         const std::uint32_t rgb = color == black ? 0 : OdCmEntityColor::lookUpRGB(color);
         EXPECT_EQ(imageOf(list, color - 1), color - 1);
-        EXPECT_EQ(coloursOf(swatches->GetBitmap(color - 1)).count(rgb), 1u) << color;
+        EXPECT_EQ(coloursOf(swatches->GetBitmap(color - 1).ConvertToImage()).count(rgb), 1u)
+            << color;
     }
 }
 

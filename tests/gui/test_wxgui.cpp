@@ -2,6 +2,7 @@
 
 #include "support/gui_support.h"
 #include "support/hands.h"
+#include "support/image_colours.h"
 #include "support/screen_image.h"
 
 #include "wxgui/color_combo.h"
@@ -63,14 +64,7 @@ protected:
     {
         control->Refresh();
         control->Update();
-        const wxImage image = screenImage(*control);
-        std::set<unsigned long> colours;
-        for (int y = 0; y < image.GetHeight(); ++y)
-            for (int x = 0; x < image.GetWidth(); ++x)
-                colours.insert(static_cast<unsigned long>(image.GetRed(x, y)) << 16 |
-                               static_cast<unsigned long>(image.GetGreen(x, y)) << 8 |
-                               image.GetBlue(x, y));
-        return colours;
+        return ::coloursOf(screenImage(*control));
     }
 
     // The brightness of what is darkest in a control, from 0 to 255, its edges aside.
@@ -99,9 +93,7 @@ protected:
         wxRect bounds;
         for (int y = 0; y < image.GetHeight(); ++y)
             for (int x = 0; x < image.GetWidth(); ++x)
-                if (static_cast<unsigned long>(image.GetRed(x, y)) << 16 == (rgb & 0xFF0000) &&
-                    static_cast<unsigned long>(image.GetGreen(x, y)) << 8 == (rgb & 0xFF00) &&
-                    image.GetBlue(x, y) == (rgb & 0xFF))
+                if (rgbOf(image, x, y) == rgb)
                     bounds.Union(wxRect(x, y, 1, 1));
         return bounds;
     }

@@ -3,6 +3,7 @@
 #include "psl_host_reason.h"
 
 #include "cmdapi/cma.h"
+#include "support/kept_log.h"
 
 #include <gtest/gtest.h>
 
@@ -13,29 +14,6 @@
 
 namespace
 {
-
-/// Keeps what is logged.
-class Log : public wxLog
-{
-public:
-    Log()
-        : m_before(wxLog::SetActiveTarget(this))
-    {
-    }
-    ~Log() override { wxLog::SetActiveTarget(m_before); }
-    Log(const Log&) = delete;
-    Log& operator=(const Log&) = delete;
-
-    std::vector<wxString> messages;
-
-private:
-    void DoLogRecord(wxLogLevel, const wxString& message, const wxLogRecordInfo&) override
-    {
-        messages.push_back(message);
-    }
-
-    wxLog* m_before;
-};
 
 class HostReason : public testing::Test
 {
@@ -52,7 +30,7 @@ protected:
     }
 
     const wxInitializer toolkit;
-    Log log;
+    support::KeptLog log;
 };
 
 } // namespace

@@ -147,14 +147,16 @@ TEST_F(TablePicture, ShowsTheEndsOfLines)
         const Sheet sheet = sheetOf([=](OdPsPlotStyleData& data) { data.endStyle = style; });
         EXPECT_TRUE(sheet.isInk(begin + 10, y - half + 10)) << style;
         EXPECT_EQ(sheet.isInk(inAll, y), style != butt) << style;
-        EXPECT_EQ(sheet.isInk(inRound[0], inRound[1]), style == square || style == rounded) << style;
+        EXPECT_EQ(sheet.isInk(inRound[0], inRound[1]), style == square || style == rounded)
+            << style;
         EXPECT_EQ(sheet.isInk(inSquare[0], inSquare[1]), style == square) << style;
         EXPECT_FALSE(sheet.isInk(begin - half - 5, y)) << style;
         // Behind a slope the diamond stands on a side.
         EXPECT_EQ(sheet.isInk(end + 0.62 * half, y + 0.62 * half),
                   style == square || style == rounded || style == diamond)
             << style;
-        EXPECT_EQ(sheet.isInk(end + 0.1 * half, y + 0.95 * half), style == square || style == rounded)
+        EXPECT_EQ(sheet.isInk(end + 0.1 * half, y + 0.95 * half),
+                  style == square || style == rounded)
             << style;
     }
 }

@@ -1,5 +1,6 @@
 // The user's configuration file: what a damaged one does, and how it is written.
 
+#include "support/kept_log.h"
 #include "support/test_files.h"
 #include "util/ut.h"
 
@@ -7,7 +8,6 @@
 
 #include <wx/debug.h>
 #include <wx/init.h>
-#include <wx/log.h>
 #include <wx/utils.h>
 
 #include <random>
@@ -16,36 +16,13 @@
 namespace
 {
 
-/// Collects what is said to the user; a failed assertion fails the test.
-class Messages : public wxLog
-{
-public:
-    Messages()
-        : m_old(wxLog::SetActiveTarget(this))
-    {
-        wxSetAssertHandler([](const wxString&, int, const wxString&, const wxString& condition,
-                              const wxString&) { ADD_FAILURE() << condition; });
-    }
-    ~Messages() override { wxLog::SetActiveTarget(m_old); }
-    Messages(const Messages&) = delete;
-    Messages& operator=(const Messages&) = delete;
-
-    std::vector<wxString> texts;
-
-private:
-    void DoLogRecord(wxLogLevel, const wxString& message, const wxLogRecordInfo&) override
-    {
-        texts.push_back(message);
-    }
-
-    wxLog* m_old;
-};
-
 class Configuration : public testing::Test
 {
 protected:
     void SetUp() override
     {
+        wxSetAssertHandler([](const wxString&, int, const wxString&, const wxString& condition,
+                              const wxString&) { ADD_FAILURE() << condition; });
         wxUnsetEnv("PSTYLE_PLOT_STYLE_PATH");
         wxSetEnv("XDG_CONFIG_HOME", wxString::FromUTF8(folder.path().string()));
         std::filesystem::create_directory(folder / "pstyle");
@@ -61,7 +38,7 @@ protected:
 
     const wxInitializer toolkit;
     const support::TempFolder folder;
-    Messages messages;
+    support::KeptLog log;
 };
 
 bool isDefault(const wxString& folder)
@@ -77,8 +54,8 @@ TEST_F(Configuration, ThatIsDamagedIsSaidOnceAndDefinesNothing)
     support::writeFile(file(), "[6]\n=\nPlotStylePath=/x\n");
     EXPECT_TRUE(isDefault(value()));
     EXPECT_TRUE(isDefault(value()));
-    EXPECT_EQ(messages.texts, std::vector<wxString>{"The configuration file '" + file().string() +
-                                                    "' is not used: it is damaged"});
+    EXPECT_EQ(log.messages, std::vector<wxString>{"The configuration file '" + file().string() +
+                                                  "' is not used: it is damaged"});
 }
 
 TEST_F(Configuration, ThatIsDamagedIsKeptAndWrittenAnew)
@@ -89,7 +66,7 @@ TEST_F(Configuration, ThatIsDamagedIsKeptAndWrittenAnew)
     EXPECT_EQ(value(), "/tables");
     EXPECT_EQ(names(), (std::vector<std::string>{"pstyle (damaged).conf", "pstyle.conf"}));
     EXPECT_EQ(support::readFile(folder / "pstyle/pstyle (damaged).conf"), damaged);
-    EXPECT_EQ(messages.texts.size(), 1u);
+    EXPECT_EQ(log.messages.size(), 1u);
 }
 
 TEST_F(Configuration, KeepsWhatElseItHolds)
@@ -117,7 +94,7 @@ TEST_F(Configuration, ThatIsReadOnlyStaysAndTheReasonIsTold)
     ASSERT_EQ(::chmod(file().c_str(), 0444), 0);
     EXPECT_FALSE(store("/y"));
     EXPECT_EQ(value(), "/x");
-    EXPECT_EQ(messages.texts, std::vector<wxString>{file().string() + ": Permission denied"});
+    EXPECT_EQ(log.messages, std::vector<wxString>{file().string() + ": Permission denied"});
 }
 
 TEST_F(Configuration, OfAnyBytesNeverFailsAnAssertion)
@@ -156,7 +133,7 @@ TEST_F(Configuration, ThatIsADeviceIsEmptyAndIsNotWritten)
     std::filesystem::create_symlink("/dev/zero", file());
     EXPECT_TRUE(isDefault(value()));
     EXPECT_FALSE(store("/tables"));
-    EXPECT_EQ(messages.texts, std::vector<wxString>{file().string() + " is not a file"});
+    EXPECT_EQ(log.messages, std::vector<wxString>{file().string() + " is not a file"});
     EXPECT_EQ(names(), std::vector<std::string>{"pstyle.conf"});
 }
 
@@ -177,7 +154,7 @@ TEST_F(Configuration, ThatIsDamagedAndReadOnlyStays)
     EXPECT_FALSE(store("/tables"));
     EXPECT_EQ(support::readFile(file()), damaged);
     EXPECT_EQ(names(), std::vector<std::string>{"pstyle.conf"});
-    EXPECT_EQ(messages.texts.size(), 1u);
+    EXPECT_EQ(log.messages.size(), 1u);
 }
 
 TEST_F(Configuration, ThatIsDamagedTakesAnyFolder)

@@ -314,13 +314,13 @@ void DlgPlotStyleEditor::onStyleListPress(wxMouseEvent& event)
     int where = 0;
     const long row =
         findControl<wxListCtrl>(*this, "ListStyles")->HitTest(event.GetPosition(), where);
-    if (event.RightDown() || event.GetModifiers() != wxMOD_SHIFT || row < 0)
+    if (!event.RightDown() && event.GetModifiers() == wxMOD_SHIFT && row >= 0)
     {
-        m_rangeBegin = -1;
-        return;
+        event.Skip(false);
+        selectRangeTo(row);
     }
-    event.Skip(false);
-    selectRangeTo(row);
+    else
+        m_rangeBegin = -1;
 }
 
 // A click or a key may change thousands of rows, and the list tells of each. What the selected
