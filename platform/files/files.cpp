@@ -204,7 +204,7 @@ public:
     {
         sigemptyset(&m_pipe);
         sigaddset(&m_pipe, SIGPIPE);
-        sigset_t pending;
+        sigset_t pending = {};
         sigpending(&pending);
         m_wasPending = sigismember(&pending, SIGPIPE) == 1;
         pthread_sigmask(SIG_BLOCK, &m_pipe, &m_before);

@@ -137,6 +137,16 @@ TEST_F(Combos, LettersAndReturnPick)
     EXPECT_EQ(savedData(0).joinStyle, 3);
 }
 
+TEST_F(Combos, LettersTypedInOneGoAreOneText)
+{
+    openColors();
+    open("ComboLineType");
+    editor().type("dotted");
+    EXPECT_EQ(highlighted("ComboLineType"), 3) << "behind another entry with this letter";
+    editor().key("Return");
+    EXPECT_EQ(savedData(0).linetype, 2);
+}
+
 TEST_F(Combos, AClickPicksTheSecondOfTwoEqualLineweights)
 {
     openColors([](OdPsPlotStyleTable& table) { table.setLineweightAt(3, 0.09); });

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <fcntl.h>
 #include <sched.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -488,6 +489,57 @@ TEST_F(Files, ThatNobodyReadsFromFailInTheEnd)
     const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     EXPECT_EQ(errorOf([&] { files::replace(pipe, std::string(300000, 'x')); }), ETIMEDOUT);
     ::close(reader);
+}
+
+// A signal that the host has blocked, and waits for, is left to it.
+TEST_F(Files, ThatArePipesLeaveTheSignalsOfTheirHost)
+{
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    sigset_t pipeSignal;
+    sigset_t before;
+    sigemptyset(&pipeSignal);
+    sigaddset(&pipeSignal, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &pipeSignal, &before);
+    const auto isPending = []
+    {
+        sigset_t pending;
+        sigpending(&pending);
+        return sigismember(&pending, SIGPIPE) == 1;
+    };
+    for (const bool isRaised : {false, true})
+    {
+        if (isRaised)
+            pthread_kill(pthread_self(), SIGPIPE);
+        std::thread reader([&] { ::close(::open(pipe.c_str(), O_RDONLY | O_CLOEXEC)); });
+        EXPECT_EQ(errorOf([&] { files::replace(pipe, std::string(300000, 'x')); }), EPIPE);
+        reader.join();
+        EXPECT_EQ(isPending(), isRaised);
+    }
+    const timespec atOnce = {};
+    sigtimedwait(&pipeSignal, nullptr, &atOnce);
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+TEST_F(Files, ThatComeInPiecesAreReadAsFarAsAsked)
+{
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    std::string bytes(20, '-');
+    ASSERT_EQ(::write(ends[1], "12345", 5), 5);
+    std::thread writer(
+        [&]
+        {
+            int waiting = 1;
+            while (waiting > 0) // until the first piece has been read
+                ::ioctl(ends[0], FIONREAD, &waiting);
+            EXPECT_EQ(::write(ends[1], "67890abcdefg", 12), 12);
+        });
+    EXPECT_EQ(files::readAll(ends[0], bytes.data(), 10, "a pipe"), 10u);
+    writer.join();
+    EXPECT_EQ(bytes, "1234567890----------");
+    ::close(ends[0]);
+    ::close(ends[1]);
 }
 
 TEST_F(Files, BehindLinksInACircleAreNothing)

@@ -228,6 +228,17 @@ TEST(GatherStyleFields, CompareDescriptionsExactly)
     EXPECT_TRUE(gathered(two).description.value.isEmpty());
 }
 
+// The gathering ends early, but not before the descriptions differ, too.
+TEST(GatherStyleFields, CompareDescriptionsWhenAllElseDiffers)
+{
+    OdArray<OdPsPlotStylePtr> three = styles({leaveAlone, changeAll, leaveAlone});
+    for (const OdPsPlotStylePtr& style : three)
+        style->setDescription(L"thin");
+    three[2]->setDescription(L"wide");
+    const StyleFields fields = gathered(three);
+    EXPECT_EQ(fields.description.state, fields.description.Differs);
+}
+
 TEST(StyleRgb, GivesIndexColoursTheirPaletteColour)
 {
     EXPECT_EQ(styleRgb(withBits(0xC3000001)), 0xFF0000u);

@@ -114,6 +114,8 @@ protected:
     static constexpr double bend = 987.33;
     static constexpr double end = 1254;
     static constexpr double y = 333;
+    static constexpr double top = (bend + end) / 2;
+    static constexpr double topY = y - (end - bend) / 2;
 };
 
 } // namespace
@@ -183,6 +185,10 @@ TEST_F(TablePicture, ShowsTheJoinsOfLines)
         EXPECT_EQ(sheet.isInk(miterX, miterY), style == miter || style == diamond) << style;
         EXPECT_EQ(sheet.isInk(bend, y + 1.25 * half), style == diamond) << style;
         EXPECT_FALSE(sheet.isInk(bend, y + 1.5 * half)) << style;
+        // The other bend, at a right angle, has its outer side above.
+        EXPECT_EQ(sheet.isInk(top, topY - 1.25 * half), style == miter || style == diamond)
+            << style;
+        EXPECT_FALSE(sheet.isInk(top, topY - 1.5 * half)) << style;
     }
 }
 
