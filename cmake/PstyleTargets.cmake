@@ -79,7 +79,7 @@ function(pstyle_add_library name)
     endforeach()
     # Their names are a host's own, and too common for the folder that all programs share.
     set_target_properties(${name} PROPERTIES
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+        VERSION ${PROJECT_VERSION} SOVERSION ${PSTYLE_SOVERSION}
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/pstyle)
     pstyle_target_defaults(${name})
     pstyle_install_library(${name} ${CMAKE_INSTALL_LIBDIR}/pstyle)

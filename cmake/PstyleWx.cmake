@@ -3,6 +3,9 @@
 
 # In a function, since the search's variables may already hold a host's own choice of libraries.
 function(pstyle_find_wx)
+    if(TARGET pstyle::wx)
+        return()
+    endif()
     find_package(wxWidgets 3.2 ${ARGN} COMPONENTS xrc xml adv core base)
     if(NOT wxWidgets_FOUND)
         return()

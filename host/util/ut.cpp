@@ -195,7 +195,7 @@ wxString preferredLanguage(wxTranslations& translations)
 
 wxString getString(ECfgGroup group, const wxString& name)
 {
-    const bool isPlotStylePath = group == ECfgGroup::Paths && name == "PlotStylePath";
+    const bool isPlotStylePath = group == ECfgGroup(6) && name == "PlotStylePath";
     wxString value;
     if (isPlotStylePath && wxGetEnv("PSTYLE_PLOT_STYLE_PATH", &value))
         return value;

@@ -8,11 +8,10 @@
 namespace ut
 {
 
-/// A numbered group of configuration values. The host's numbers are fixed.
+/// A numbered group of configuration values. The host's numbers are fixed: 6 is that of folders and
+/// files, "PlotStylePath" (the folder of the plot style tables) among them.
 enum class ECfgGroup : int
 {
-    /// Folders and files, "PlotStylePath" (the folder of the plot style tables) among them.
-    Paths = 6,
 };
 
 /// Reads a configuration value. "PlotStylePath" of group 6 is looked up in the environment

@@ -2,8 +2,8 @@
 
 #include "wxgui/color_dialog.h"
 
+#include "desktop/desktop.h"
 #include "wxgui/color_palette.h"
-#include "wxgui/wxgui.h"
 
 #include <wx/button.h>
 #include <wx/colordlg.h>
@@ -57,7 +57,7 @@ ColorDialog::ColorDialog(wxWindow* parent, const wxString& title, OdCmEntityColo
     all->Add(shown, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, 12));
     all->Add(CreateButtonSizer(wxOK | wxCANCEL),
              wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, 12));
-    showOwnLabels(this);
+    desktop::showOwnLabels(this);
     SetSizerAndFit(all);
     CentreOnParent();
 

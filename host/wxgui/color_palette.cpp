@@ -2,9 +2,9 @@
 
 #include "wxgui/color_palette.h"
 
+#include "desktop/desktop.h"
 #include "odps/od_color.h"
 #include "wxgui/color_dialog.h"
-#include "wxgui/wxgui.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/intl.h>
@@ -88,8 +88,8 @@ ColorPalette::ColorPalette(wxWindow* parent)
 {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetMinSize(GetSize());
-    setSpokenName(this, _("Index colors"));
-    setSpokenRole(this, SpokenRole::ColorChooser);
+    desktop::setSpokenName(this, _("Index colors"));
+    desktop::setSpokenRole(this, desktop::SpokenRole::ColorChooser);
     Bind(wxEVT_PAINT, &ColorPalette::onPaint, this);
     Bind(wxEVT_LEFT_DOWN, &ColorPalette::onMouse, this);
     Bind(wxEVT_LEFT_DCLICK, &ColorPalette::onMouse, this);
@@ -106,7 +106,7 @@ ColorPalette::ColorPalette(wxWindow* parent)
 void ColorPalette::setIndex(int index)
 {
     m_index = index;
-    setSpokenValue(this, index == 0 ? wxString() : colorText(indexColor(index)));
+    desktop::setSpokenValue(this, index == 0 ? wxString() : colorText(indexColor(index)));
     Refresh();
 }
 

@@ -2,7 +2,7 @@
 
 #include "wxgui/varies_combo.h"
 
-#include "wxgui/wxgui.h"
+#include "desktop/desktop.h"
 
 #include <wx/dc.h>
 #include <wx/intl.h>
@@ -41,7 +41,7 @@ VariesCombo::VariesCombo(wxWindow* parent, wxWindowID id, const wxPoint& pos, co
              // The toolkit lays the field out after this.
              CallAfter(&VariesCombo::tellValue);
          });
-    setSpokenRole(this, SpokenRole::ComboBox);
+    desktop::setSpokenRole(this, desktop::SpokenRole::ComboBox);
 }
 
 void VariesCombo::SetSelection(int item)
@@ -61,7 +61,7 @@ void VariesCombo::tellValue()
         SetToolTip(text);
     else
         UnsetToolTip();
-    setSpokenValue(this, text);
+    desktop::setSpokenValue(this, text);
 }
 
 // How far an entry's text is behind its picture.

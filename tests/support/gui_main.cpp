@@ -1,6 +1,6 @@
 // Runs a program of dialog tests. An assertion of the toolkit fails the test that meets it.
 
-#include "psl.h"
+#include "support/gui_support.h"
 
 #include <gtest/gtest.h>
 
@@ -12,19 +12,12 @@
 namespace
 {
 
-void failOnAssert(const wxString& file, int line, const wxString& function,
-                  const wxString& condition, const wxString& message)
-{
-    ADD_FAILURE() << "toolkit assertion " << condition << " (" << message << ") in " << function
-                  << ", " << file << ":" << line;
-}
-
 class TestApp : public wxApp
 {
 public:
     bool OnInit() override
     {
-        wxSetAssertHandler(failOnAssert);
+        failOnAsserts();
         SetAppName("pstyle-test");
         wxInitAllImageHandlers();
         wxXmlResource::Get()->InitAllHandlers();

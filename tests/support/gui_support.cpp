@@ -13,6 +13,23 @@
 #include <wx/stopwatch.h>
 #include <wx/textdlg.h>
 
+namespace
+{
+
+void failOnAssert(const wxString& file, int line, const wxString& function,
+                  const wxString& condition, const wxString& message)
+{
+    ADD_FAILURE() << "toolkit assertion " << condition << " (" << message << ") in " << function
+                  << ", " << file << ":" << line;
+}
+
+} // namespace
+
+void failOnAsserts()
+{
+    wxSetAssertHandler(failOnAssert);
+}
+
 std::string readBytes(const wxString& path)
 {
     return support::readFile(path.utf8_string());

@@ -20,6 +20,9 @@
 
 class wxFileDialog;
 
+/// Has an assertion of the toolkit fail the test that meets it.
+void failOnAsserts();
+
 /// A folder of its own for a test's files, by the toolkit's kind of paths.
 class TemporaryFolder
 {

@@ -1,6 +1,6 @@
 // Texts, pictures, limits and order of lineweights.
 
-#include "psl_lineweights.h"
+#include "psl_lineweight_list.h"
 
 #include "odps/od_ps_impl.h"
 

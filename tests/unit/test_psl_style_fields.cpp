@@ -2,7 +2,7 @@
 
 #include "psl_style_fields.h"
 
-#include "psl_lineweights.h"
+#include "psl_lineweight_list.h"
 #include "support/tables.h"
 
 #include "cmdapi/cma.h"

@@ -293,7 +293,7 @@ int setFolder(const Options& options)
         return say(exitUsage, wxString::Format(_("%s is not a folder"), folder));
     if (folder.length() > 1 && folder.EndsWith("/"))
         folder.RemoveLast();
-    if (!ut::setString(ut::ECfgGroup::Paths, "PlotStylePath", folder))
+    if (!ut::setString(ut::ECfgGroup(6), "PlotStylePath", folder))
         return say(exitFailed, _("the configuration cannot be written"));
     if (wxGetEnv("PSTYLE_PLOT_STYLE_PATH", nullptr))
         return say(exitDone, _("note: PSTYLE_PLOT_STYLE_PATH is set and goes first"));

@@ -5,9 +5,9 @@
 #include "psl_dlg_new_table.h"
 #include "psl_dlg_plot_style_editor.h"
 #include "psl_dlg_select_table.h"
+#include "psl_resources.h"
+#include "psl_table_paths.h"
 #include "psl_traverse.h"
-
-#include "util/ut.h"
 
 #include <wx/arrstr.h>
 #include <wx/dir.h>
@@ -26,7 +26,8 @@ void initWx()
     static bool inited = false;
     if (inited)
         return;
-    InitPslXmlResource();
+    if (!areResourcesRegistered()) // by the host
+        InitPslXmlResource();
     inited = true;
 }
 
@@ -96,7 +97,7 @@ private:
 
 size_t getPlotStyleFiles(wxArrayString& files)
 {
-    const wxString folder = ut::getString(ut::ECfgGroup::Paths, "PlotStylePath");
+    const wxString folder = plotStyleFolder();
     if (!wxDir::Exists(folder))
         return 0;
     PlotStyleTraverser traverser(files);

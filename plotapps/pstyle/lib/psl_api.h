@@ -1,12 +1,8 @@
-// Marks what the library exports.
+// Marks what the library exports. All else is hidden in it.
 
 #ifndef PSL_API_H
 #define PSL_API_H
 
-#ifdef PSL_BUILDING
 #define PSL_API __attribute__((visibility("default")))
-#else
-#define PSL_API
-#endif
 
 #endif

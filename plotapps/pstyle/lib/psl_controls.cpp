@@ -1,17 +1,97 @@
-// Keys, the wheel, and file dialogs.
+// Building of dialogs, keys, the wheel, and file dialogs.
 
 #include "psl_controls.h"
 
-#include "psl_gtk.h"
+#include "psl_resources.h"
+
+#include "desktop/desktop.h"
+#include "wxutils/wut.h"
 
 #include <wx/arrstr.h>
 #include <wx/combobox.h>
 #include <wx/filedlg.h>
 #include <wx/filename.h>
+#include <wx/image.h>
 #include <wx/intl.h>
 #include <wx/listctrl.h>
+#include <wx/log.h>
+#include <wx/spinctrl.h>
 
 #include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace
+{
+
+// The toolkit's handlers for the kinds of pictures that the library has. What the host lacks is
+// there while this lives.
+class ImageHandlers
+{
+public:
+    ImageHandlers()
+    {
+        lend(std::make_unique<wxPNGHandler>());
+        lend(std::make_unique<wxICOHandler>());
+    }
+    ~ImageHandlers()
+    {
+        for (const wxString& name : m_lent)
+            wxImage::RemoveHandler(name);
+    }
+    ImageHandlers(const ImageHandlers&) = delete;
+    ImageHandlers& operator=(const ImageHandlers&) = delete;
+
+private:
+    void lend(std::unique_ptr<wxImageHandler> handler)
+    {
+        if (wxImage::FindHandler(handler->GetName()))
+            return;
+        m_lent.push_back(handler->GetName());
+        wxImage::AddHandler(handler.release());
+    }
+
+    std::vector<wxString> m_lent;
+};
+
+} // namespace
+
+bool buildDialog(wxDialog* dialog, wxWindow* parent, const char* name)
+{
+    const ImageHandlers handlers;
+    // The toolkit asserts where a control that has a place in the layout is missing. What is
+    // missing is told below.
+    const wxAssertHandler_t onAssert = wxSetAssertHandler(nullptr);
+    const bool isLoaded = wut::loadDialog(dialog, parent, name);
+    wxSetAssertHandler(onAssert);
+    if (!isLoaded)
+        return false;
+    desktop::showOwnLabels(dialog);
+    for (const EmbeddedControl& control : embeddedControls(name))
+    {
+        const wxWindow* window = dialog->FindWindow(wxXmlResource::GetXRCID(control.name));
+        if (!window || !window->IsKindOf(control.kind))
+        {
+            wxLogError(_("The dialog '%ls' cannot be shown: it lacks '%ls'."), wxString(name),
+                       control.name);
+            return false;
+        }
+    }
+    return true;
+}
+
+void outliveParent(wxDialog* dialog)
+{
+    if (wxWindow* parent = dialog->GetParent())
+        parent->RemoveChild(dialog);
+}
+
+wxBitmap loadPicture(const wxString& name)
+{
+    const ImageHandlers handlers;
+    wxXmlResource* const resource = wxXmlResource::Get();
+    return resource->GetResourceNode(name) ? resource->LoadBitmap(name) : wxBitmap();
+}
 
 wxString shownPart(const wxString& text)
 {
@@ -36,13 +116,14 @@ bool isEdited(const wxString& typed, const wxString& shown)
 
 void showEntriesInList(wxComboBox* combo)
 {
-    const auto newProvider = gtkFunction<void*()>("gtk_css_provider_new");
-    const auto load =
-        gtkFunction<int(void*, const char*, long, void*)>("gtk_css_provider_load_from_data");
-    const auto contextOf = gtkFunction<void*(WXWidget)>("gtk_widget_get_style_context");
-    const auto add = gtkFunction<void(void*, void*, unsigned)>("gtk_style_context_add_provider");
-    const auto emit = gtkFunction<void(void*, const char*)>("g_signal_emit_by_name");
-    const auto release = gtkFunction<void(void*)>("g_object_unref");
+    const auto newProvider = desktop::gtkFunction<void*()>("gtk_css_provider_new");
+    const auto load = desktop::gtkFunction<int(void*, const char*, long, void*)>(
+        "gtk_css_provider_load_from_data");
+    const auto contextOf = desktop::gtkFunction<void*(WXWidget)>("gtk_widget_get_style_context");
+    const auto add =
+        desktop::gtkFunction<void(void*, void*, unsigned)>("gtk_style_context_add_provider");
+    const auto emit = desktop::gtkFunction<void(void*, const char*)>("g_signal_emit_by_name");
+    const auto release = desktop::gtkFunction<void(void*)>("g_object_unref");
     if (!newProvider || !load || !contextOf || !add || !emit || !release)
         return;
     constexpr unsigned applicationPriority = 600; // GTK_STYLE_PROVIDER_PRIORITY_APPLICATION
@@ -78,6 +159,14 @@ wxEND_EVENT_TABLE()
         event.Skip();
     else
         OnChar(event);
+}
+
+void allowSpinText(wxSpinCtrl* spin)
+{
+    const auto setNumeric =
+        desktop::gtkFunction<void(WXWidget, int)>("gtk_spin_button_set_numeric");
+    if (setNumeric)
+        setNumeric(spin->GetHandle(), 0);
 }
 
 void ignoreWheelWithoutFocus(wxWindow* control)
@@ -118,9 +207,11 @@ struct GtkList
 
 void ignoreCaseOfFilters(const wxFileDialog& dialog)
 {
-    const auto listFilters = gtkFunction<GtkList*(WXWidget)>("gtk_file_chooser_list_filters");
-    const auto addPattern = gtkFunction<void(void*, const char*)>("gtk_file_filter_add_pattern");
-    const auto freeList = gtkFunction<void(GtkList*)>("g_slist_free");
+    const auto listFilters =
+        desktop::gtkFunction<GtkList*(WXWidget)>("gtk_file_chooser_list_filters");
+    const auto addPattern =
+        desktop::gtkFunction<void(void*, const char*)>("gtk_file_filter_add_pattern");
+    const auto freeList = desktop::gtkFunction<void(GtkList*)>("g_slist_free");
     wxArrayString texts;
     wxArrayString filters;
     wxParseCommonDialogsFilter(dialog.GetWildcard(), texts, filters);

@@ -1,8 +1,9 @@
-// How the dialogs' sources find and prepare their controls and their file dialogs.
+// How the dialogs are built, find and prepare their controls, and ask for files.
 
 #ifndef PSL_CONTROLS_H
 #define PSL_CONTROLS_H
 
+#include <wx/bitmap.h>
 #include <wx/valtext.h>
 #include <wx/window.h>
 #include <wx/xrc/xmlres.h>
@@ -10,9 +11,25 @@
 #include <initializer_list>
 
 class wxComboBox;
+class wxDialog;
 class wxFileDialog;
 class wxListCtrl;
+class wxSpinCtrl;
 class wxTextCtrl;
+
+/// Builds a dialog from the resource of its name, and looks whether all controls are there: the
+/// toolkit leaves out those that the host has initialised no handler for.
+/// @return false, with the reason in the log, when the dialog must not be shown
+bool buildDialog(wxDialog* dialog, wxWindow* parent, const char* name);
+
+/// Lets a dialog go on without its parent, should that be destroyed while the dialog is open: the
+/// toolkit deletes all children of a window, and this one lies on somebody's stack. To be called
+/// when the dialog has been placed; it stays in front of the window that was its parent.
+void outliveParent(wxDialog* dialog);
+
+/// The embedded picture with this resource name. The host need not have image handlers.
+/// @return an invalid bitmap when there is none
+wxBitmap loadPicture(const wxString& name);
 
 /// The control of a window with this resource name, which the window's resource has to have.
 template <class Control>
@@ -59,6 +76,10 @@ private:
 /// Has a combo box show its entries in a list that scrolls, not in a menu: a menu takes a time that
 /// grows with the square of their number. Called before there are many entries.
 void showEntriesInList(wxComboBox* combo);
+
+/// Lets a spin control show texts that are not numbers. What the user types is still taken as a
+/// number.
+void allowSpinText(wxSpinCtrl* spin);
 
 /// Keeps the wheel from changing a control that has not got the focus: a user who scrolls past it
 /// means something else.

@@ -2,7 +2,7 @@
 
 #include "psl_csv.h"
 
-#include "psl_lineweights.h"
+#include "psl_lineweight_list.h"
 #include "psl_numbers.h"
 #include "psl_path_text.h"
 

@@ -3,18 +3,16 @@
 #ifndef PSL_CSV_H
 #define PSL_CSV_H
 
-#include "psl_api.h"
+#include "odps/od_ps.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>
-
-class OdPsPlotStyleTable;
 
 /// The lines of a table's export: its settings, for a colour-dependent table its styles by number,
 /// the properties of every style, and the lineweights. Texts are written as they stand, commas and
 /// line breaks included.
 /// @param fileName  the table file's name and extension
-PSL_API wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName);
+wxArrayString csvLines(const OdPsPlotStyleTable& table, const wxString& fileName);
 
 /// How an export ended.
 struct CsvExport
@@ -43,7 +41,7 @@ enum class Replaceable
 /// Writes the lines as UTF-8 into a file, replacing what it holds; a pipe or device is written to.
 /// After a failure an existing file is as it was.
 /// @param path  the export file's full path
-PSL_API CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName,
-                            const wxString& path, Replaceable replaceable);
+CsvExport exportCsv(const OdPsPlotStyleTable& table, const wxString& fileName, const wxString& path,
+                    Replaceable replaceable);
 
 #endif

@@ -3,8 +3,6 @@
 #ifndef PSL_DISK_VERSION_H
 #define PSL_DISK_VERSION_H
 
-#include "psl_api.h"
-
 #include <wx/string.h>
 
 #include <cstdint>
@@ -12,7 +10,7 @@
 
 /// What a file held at some moment; also that there was none. Two versions are equal when the file
 /// was left alone in between or holds the same bytes again.
-class PSL_API DiskVersion
+class DiskVersion
 {
 public:
     /// No file.
@@ -32,6 +30,6 @@ private:
 /// Gives what a file holds now a second name beside it that tells when it was last changed.
 /// @return the second name, with its folder
 /// @throw std::filesystem::filesystem_error when that cannot be done
-PSL_API wxString keepDiskVersion(const wxString& path);
+wxString keepDiskVersion(const wxString& path);
 
 #endif

@@ -8,7 +8,6 @@
 #include "psl_table_paths.h"
 
 #include "wxutils/plot_style_table.h"
-#include "wxutils/wut.h"
 
 #include <wx/checkbox.h>
 #include <wx/intl.h>
@@ -34,7 +33,7 @@ wxEND_EVENT_TABLE()
     : colorDependent(isColorDependent)
     , directory(folder)
 {
-    wut::loadDialog(this, parent, "DlgNewTable");
+    m_isBuilt = buildDialog(this, parent, "DlgNewTable");
 }
 
 wxFileName DlgNewTable::fileName() const
@@ -50,6 +49,7 @@ void DlgNewTable::onInitDialog(wxInitDialogEvent&)
     constexpr int width = 400;
     SetSize(width, -1);
     Centre(wxBOTH);
+    outliveParent(this);
     findControl<wxWindow>(*this, "PanelMessage")->SetCanFocus(false);
 
     findControl<wxTextCtrl>(*this, "TextTableName")

@@ -4,13 +4,13 @@
 #define PSL_DLG_NEW_TABLE_H
 
 #include "psl_api.h"
+#include "psl_stack_dialog.h"
 
-#include <wx/dialog.h>
 #include <wx/filename.h>
 
 /// The dialog behind newPlotStyleTable. Its OK writes an empty table file and, if wanted, runs the
 /// editor on it, on top of the dialog.
-class PSL_API DlgNewTable : public wxDialog
+class PSL_API DlgNewTable : public StackDialog
 {
 public:
     /// Builds the dialog.

@@ -5,14 +5,16 @@
 
 #include "psl.h"
 #include "psl_controls.h"
+#include "psl_disk_version.h"
 #include "psl_numbers.h"
 #include "psl_path_text.h"
+#include "psl_spoken.h"
 
+#include "desktop/desktop.h"
 #include "odps/od_db_object_id.h"
 #include "wxgui/color_combo.h"
 #include "wxgui/image_combo.h"
 #include "wxgui/wxgui.h"
-#include "wxutils/wut.h"
 
 #include <wx/checkbox.h>
 #include <wx/combobox.h>
@@ -87,8 +89,9 @@ wxEND_EVENT_TABLE()
                                            wxWindow* parent)
     : m_fileName(fileName)
     , m_sourceFile(sourceFile)
+    , m_diskVersion(std::make_unique<DiskVersion>())
 {
-    wut::loadDialog(this, parent, "DlgPlotStyleEditor");
+    m_isBuilt = buildDialog(this, parent, "DlgPlotStyleEditor");
 }
 
 // The controls go first: they lose the focus on the way, and nothing shall be entered any more.
@@ -105,6 +108,7 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
     constexpr int width = 600;
     SetSize(width, -1);
     Centre(wxBOTH);
+    outliveParent(this);
 
     constexpr size_t tableViewPage = 1;
     wxNotebook* book = findControl<wxNotebook>(*this, "NoteBook");
@@ -127,14 +131,18 @@ void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
 // For screen readers, where no label does.
 void DlgPlotStyleEditor::nameControls()
 {
-    wxg::speakList(findControl<wxListCtrl>(*this, "ListStyles"), _("Plot styles"));
-    wxg::speakList(findControl<wxListCtrl>(*this, "ListLineWeights"), _("Lineweights"));
-    wxg::setSpokenName(findControl<wxNotebook>(*this, "NoteBook"), _("Views"));
+    speakList(findControl<wxListCtrl>(*this, "ListStyles"), _("Plot styles"));
+    speakList(findControl<wxListCtrl>(*this, "ListLineWeights"), _("Lineweights"));
+    desktop::setSpokenName(findControl<wxNotebook>(*this, "NoteBook"), _("Views"));
 }
 
 void DlgPlotStyleEditor::fillColorImages()
 {
-    wxImage box = wxXmlResource::Get()->LoadBitmap("BmpStyleColorBox").ConvertToImage();
+    wxImage box(14, 14); // for a host whose resources have no pictures
+    box.SetRGB(wxRect(box.GetSize()), 0, 255, 0);
+    const wxBitmap framedBox = loadPicture("BmpStyleColorBox");
+    if (framedBox.IsOk())
+        box = framedBox.ConvertToImage();
     if (wxg::isDpiForLargeIcons())
         box.Rescale(32, 32);
     m_colorImages = std::make_unique<wxImageList>(box.GetWidth(), box.GetHeight());
@@ -186,8 +194,7 @@ void appendItems(wxg::ImageCombo* combo, const ImageItem (&items)[count], wxStri
 {
     for (const ImageItem& item : items)
         combo->appendItem(text(item.value), item.value,
-                          item.bitmap ? wxXmlResource::Get()->LoadBitmap(item.bitmap)
-                                      : wxNullBitmap);
+                          item.bitmap ? loadPicture(item.bitmap) : wxNullBitmap);
 }
 
 void appendLineTypes(wxg::ImageCombo* combo)
@@ -196,9 +203,8 @@ void appendLineTypes(wxg::ImageCombo* combo)
     combo->setImageSize(wxSize(80, 6));
     combo->appendItem(strLineType(objectLineType), objectLineType);
     for (int type = 0; type < objectLineType; ++type)
-        combo->appendItem(
-            strLineType(type), type,
-            wxXmlResource::Get()->LoadBitmap(wxString::Format("BmpLineType%02d", type)));
+        combo->appendItem(strLineType(type), type,
+                          loadPicture(wxString::Format("BmpLineType%02d", type)));
 }
 
 } // namespace
@@ -233,11 +239,11 @@ void DlgPlotStyleEditor::replaceCombos()
 // alone would make 37 of "3,7".
 void DlgPlotStyleEditor::preparePens()
 {
-    wxg::allowSpinText(findControl<wxSpinCtrl>(*this, "SpinScreening"));
+    allowSpinText(findControl<wxSpinCtrl>(*this, "SpinScreening"));
     for (const char* name : {"SpinPhysPen", "SpinVirtPen"})
     {
         wxSpinCtrl* spin = findControl<wxSpinCtrl>(*this, name);
-        wxg::allowSpinText(spin);
+        allowSpinText(spin);
         const auto selectWord = [spin]
         {
             if (spin->GetValue() == 0)
@@ -299,8 +305,14 @@ void DlgPlotStyleEditor::fillLists()
     wxListCtrl* lineWeights = findControl<wxListCtrl>(*this, "ListLineWeights");
     lineWeights->InsertColumn(0, _("Value"), wxLIST_FORMAT_LEFT, 160);
     auto* marks = new wxImageList(16, 16);
-    for (const char* mark : {"MarkEmpty", "MarkCheck"})
-        marks->Add(wxXmlResource::Get()->LoadBitmap(mark));
+    // An image list takes no missing picture.
+    wxImage blank(marks->GetSize());
+    blank.SetMaskColour(0, 0, 0);
+    for (const char* name : {"MarkEmpty", "MarkCheck"})
+    {
+        const wxBitmap mark = loadPicture(name);
+        marks->Add(mark.IsOk() ? mark : wxBitmap(blank));
+    }
     lineWeights->AssignImageList(marks, wxIMAGE_LIST_SMALL);
     auto* combo = findControl<wxg::ImageCombo>(*this, "ComboLineWeight");
     for (int row = 0; row < lineWeightRows; ++row)
@@ -310,8 +322,7 @@ void DlgPlotStyleEditor::fillLists()
     }
 
     for (size_t i = 0; i < m_lineWeightImages.size(); ++i)
-        m_lineWeightImages[i] =
-            wxXmlResource::Get()->LoadBitmap(wxString::Format("BmpLineWeight%02zu", i + 1));
+        m_lineWeightImages[i] = loadPicture(wxString::Format("BmpLineWeight%02zu", i + 1));
 
     updateListWidths();
 }
@@ -395,7 +406,7 @@ void DlgPlotStyleEditor::updateFileInfo()
     updateFileName();
     updateNumStyles();
     findControl<wxStaticBitmap>(*this, "StatFileIcon")
-        ->SetBitmap(wxXmlResource::Get()->LoadBitmap(isCtb() ? "BmpCTB" : "BmpSTB"));
+        ->SetBitmap(loadPicture(isCtb() ? "BmpCTB" : "BmpSTB"));
     // Colour-dependent tables are the older kind, which drawings have been moving away from.
     const wxString type = m_table.isNull() ? _("No table")
                           : isCtb()        ? _("Legacy (can be used to import old DWGs)")

@@ -4,13 +4,12 @@
 #define PSL_DLG_PLOT_STYLE_EDITOR_H
 
 #include "psl_api.h"
-#include "psl_disk_version.h"
 #include "psl_lineweights.h"
+#include "psl_stack_dialog.h"
 
 #include "odps/od_ps.h"
 
 #include <wx/bitmap.h>
-#include <wx/dialog.h>
 #include <wx/filename.h>
 
 #include <array>
@@ -19,6 +18,7 @@
 #include <optional>
 #include <vector>
 
+class DiskVersion;
 class wxComboBox;
 class wxEventBlocker;
 class wxFileDialog;
@@ -35,7 +35,7 @@ class ImageCombo;
 
 /// The dialog in which one plot style table file is edited: its general settings, its styles and
 /// its lineweights. Edits change the table in memory; nothing reaches the disk until a save.
-class PSL_API DlgPlotStyleEditor : public wxDialog
+class PSL_API DlgPlotStyleEditor : public StackDialog
 {
 public:
     /// Changes one property in a style's record.
@@ -214,7 +214,7 @@ private:
     /// The end of a description that is too long for the field.
     wxString m_hiddenDescription;
     /// What the file held when it was read or saved last.
-    DiskVersion m_diskVersion;
+    std::unique_ptr<DiskVersion> m_diskVersion;
 
     wxDECLARE_CLASS(DlgPlotStyleEditor);
     wxDECLARE_EVENT_TABLE();

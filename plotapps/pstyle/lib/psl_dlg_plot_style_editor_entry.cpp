@@ -4,8 +4,9 @@
 #include "psl_dlg_plot_style_editor.h"
 
 #include "psl_controls.h"
-#include "psl_gtk.h"
 #include "psl_numbers.h"
+
+#include "desktop/desktop.h"
 
 #include <wx/intl.h>
 #include <wx/listctrl.h>
@@ -35,8 +36,8 @@ bool isCommand(const wxEvent& event)
 // Whether what happens now comes from the user or the window manager, not from the program itself.
 bool isHandlingInput()
 {
-    const auto currentEvent = gtkFunction<void*()>("gtk_get_current_event");
-    const auto freeEvent = gtkFunction<void(void*)>("gdk_event_free");
+    const auto currentEvent = desktop::gtkFunction<void*()>("gtk_get_current_event");
+    const auto freeEvent = desktop::gtkFunction<void(void*)>("gdk_event_free");
     void* event = currentEvent && freeEvent ? currentEvent() : nullptr;
     if (event)
         freeEvent(event);
@@ -136,9 +137,8 @@ void DlgPlotStyleEditor::bindNumberFields()
         field->Bind(wxEVT_KILL_FOCUS, take);
         // The toolkit sends that when GTK has taken the text already, and whatever is no number for
         // 0.
-        const auto connect =
-            gtkFunction<unsigned long(WXWidget, const char*, FocusHandler, void*, void*, int)>(
-                "g_signal_connect_data");
+        const auto connect = desktop::gtkFunction<unsigned long(
+            WXWidget, const char*, FocusHandler, void*, void*, int)>("g_signal_connect_data");
         if (connect)
             connect(field->GetHandle(), "focus-out-event", onFocusLeaves, this, nullptr, 0);
         field->Bind(wxEVT_LEFT_DOWN, take);

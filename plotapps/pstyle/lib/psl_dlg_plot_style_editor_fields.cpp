@@ -71,8 +71,7 @@ void showValue(wxg::ImageCombo* combo, int value)
 // A colour that an index has exactly is shown under that index.
 OdCmEntityColor shownColor(std::uint32_t rgb)
 {
-    OdCmEntityColor color(static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8),
-                          static_cast<std::uint8_t>(rgb));
+    OdCmEntityColor color = byColor(rgb);
     const int index = OdCmEntityColor::lookUpACI(color.red(), color.green(), color.blue());
     if (OdCmEntityColor::lookUpRGB(index) == rgb)
         color.setColorIndex(index);
@@ -84,7 +83,7 @@ void showColor(wxg::ColorCombo* combo, const Gathered<std::uint32_t>& color)
     combo->setVaries(color.state == color.Differs);
     const std::uint32_t rgb = color.state == color.Same ? color.value : objectColor;
     const OdCmEntityColor wanted = rgb == objectColor ? OdCmEntityColor()
-                                   : rgb == 0         ? OdCmEntityColor(0, 0, 0)
+                                   : rgb == 0         ? byColor(rgb)
                                                       : shownColor(rgb);
     const OdCmEntityColor shown = combo->color().value_or(OdCmEntityColor());
     if (wanted.color() != shown.color())
@@ -275,7 +274,7 @@ void DlgPlotStyleEditor::onUpdateUIStyleField(wxUpdateUIEvent& event)
         updatePenText(findControl<wxSpinCtrl>(*this, "SpinPhysPen"), m_physicalPenVaries);
     else if (isFrom(event, "SpinVirtPen"))
         updatePenText(findControl<wxSpinCtrl>(*this, "SpinVirtPen"), m_virtualPenVaries);
-    else if (auto* combo = dynamic_cast<wxg::VariesCombo*>(event.GetEventObject()))
+    else if (auto* combo = dynamic_cast<wxOwnerDrawnComboBox*>(event.GetEventObject()))
         combo->Refresh(true);
 }
 

@@ -5,7 +5,9 @@
 
 #include "psl_controls.h"
 #include "psl_csv.h"
+#include "psl_disk_version.h"
 #include "psl_host_reason.h"
+#include "psl_lineweight_list.h"
 #include "psl_path_text.h"
 #include "psl_table_paths.h"
 
@@ -32,7 +34,7 @@ void DlgPlotStyleEditor::load()
 {
     m_table = nullptr;
     // Before it is read: what is changed from here on is the work of others.
-    m_diskVersion = DiskVersion(m_fileName.GetFullPath());
+    *m_diskVersion = DiskVersion(m_fileName.GetFullPath());
     wxString path;
     if (!m_sourceFile.empty() && wxFileName::FileExists(m_sourceFile))
         path = m_sourceFile;
@@ -85,7 +87,7 @@ void DlgPlotStyleEditor::takeTableValues()
 void DlgPlotStyleEditor::takeNoTable(const wxString& message)
 {
     wxLogStatus("%s", message); // for hosts that write down what they are told
-    wxMessageBox(message, wxGetTranslation(caption), wxOK | wxICON_ERROR);
+    wxMessageBox(message, wxGetTranslation(caption), wxOK | wxICON_ERROR, this);
     m_styleCount = 0;
     m_applyScale = false;
     m_scaleText = "1";
@@ -106,7 +108,7 @@ bool DlgPlotStyleEditor::save(const wxString& path)
     const wxString fullPath = m_fileName.GetFullPath();
     // Whoever names a file is asked whether it may be replaced as it is.
     if (!path.empty())
-        m_diskVersion = DiskVersion(fullPath);
+        *m_diskVersion = DiskVersion(fullPath);
     const auto kept = keepOtherVersion(fullPath);
     if (!kept)
         return false;
@@ -121,7 +123,7 @@ bool DlgPlotStyleEditor::save(const wxString& path)
             withReason(wxString::Format(_("Failed to save file: %ls"), fullPath), reason));
         return false;
     }
-    m_diskVersion = DiskVersion(fullPath);
+    *m_diskVersion = DiskVersion(fullPath);
     m_modified = false;
     if (!kept->empty())
         tellOfOtherVersion(fullPath, *kept);
@@ -142,7 +144,7 @@ std::optional<wxString> DlgPlotStyleEditor::keepOtherVersion(const wxString& pat
         return std::nullopt;
     }
     const DiskVersion now(path);
-    if (!now.isFile() || now == m_diskVersion)
+    if (!now.isFile() || now == *m_diskVersion)
         return wxString();
     try
     {
@@ -176,7 +178,7 @@ bool DlgPlotStyleEditor::checkSave()
     if (!m_modified || m_table.isNull())
         return true;
     const int answer = wxMessageBox(_("Do you want to save changes?"), wxGetTranslation(caption),
-                                    wxYES_NO | wxCANCEL | wxICON_QUESTION);
+                                    wxYES_NO | wxCANCEL | wxICON_QUESTION, this);
     if (answer == wxYES)
         return save(wxString());
     return answer == wxNO;

@@ -3,9 +3,10 @@
 #include "psl_dlg_plot_style_editor.h"
 
 #include "psl_controls.h"
+#include "psl_lineweight_list.h"
+#include "psl_spoken.h"
 
 #include "wxgui/image_combo.h"
-#include "wxgui/wxgui.h"
 
 #include <wx/intl.h>
 #include <wx/listctrl.h>
@@ -97,7 +98,7 @@ void DlgPlotStyleEditor::updateLineWeights(bool keepComboSelection)
     }
     if (selection != wxNOT_FOUND)
         combo->SetSelection(selection);
-    wxg::speakFocusedRow(list);
+    speakFocusedRow(list);
 }
 
 void DlgPlotStyleEditor::sortLineWeights()

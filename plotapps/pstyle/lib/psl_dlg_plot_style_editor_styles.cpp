@@ -171,7 +171,9 @@ void DlgPlotStyleEditor::onStyleAdd(wxCommandEvent&)
 wxString DlgPlotStyleEditor::askForStyleName()
 {
     const wxString proposal = wxString::Format(_("Style %d"), m_styleCount);
-    return wxGetTextFromUser(_("Enter style name:"), _("Add Plot Style"), proposal);
+    wxTextEntryDialog prompt(nullptr, _("Enter style name:"), _("Add Plot Style"), proposal);
+    outliveParent(&prompt); // the toolkit gives it one
+    return prompt.ShowModal() == wxID_OK ? prompt.GetValue() : wxString();
 }
 
 // Adds a style after the one at `index`, as a copy of `model` where there is one.
@@ -179,7 +181,7 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
 {
     const bool isLast = index < 0 || index == m_table->styleCount() - 1;
     const OdPsPlotStylePtr style = m_table->addNewStyle(OdString(name.wc_str()));
-    if (model)
+    if (!model.isNull())
     {
         OdPsPlotStyleData data;
         model->getData(data);
@@ -188,9 +190,14 @@ void DlgPlotStyleEditor::insertStyle(const wxString& name, int index, const OdPs
     }
     if (!isLast)
     {
-        OdArray<OdPsPlotStylePtr> styles = m_table->styleArray();
-        styles.pop_back();
-        styles.insert(styles.begin() + index + 1, style);
+        const OdArray<OdPsPlotStylePtr> appended = m_table->styleArray();
+        OdArray<OdPsPlotStylePtr> styles;
+        for (decltype(appended.size()) i = 0; i + 1 < appended.size(); ++i)
+        {
+            styles.push_back(appended[i]);
+            if (static_cast<int>(i) == index)
+                styles.push_back(style);
+        }
         m_table->setStyleArray(styles);
     }
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
@@ -221,7 +228,7 @@ void DlgPlotStyleEditor::onStyleDel(wxCommandEvent&)
     if (rows.empty())
         return;
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
-    OdArray<OdPsPlotStylePtr> styles;
+    std::vector<OdPsPlotStylePtr> styles;
     std::reverse(rows.begin(), rows.end());
     for (const int row : rows)
     {
@@ -514,7 +521,7 @@ void DlgPlotStyleEditor::showStyleName(long row)
     wxListCtrl* list = findControl<wxListCtrl>(*this, "ListStyles");
     const OdPsPlotStylePtr style =
         m_table.isNull() || isCtb() ? nullptr : m_table->styleAt(static_cast<int>(row));
-    if (style && row < list->GetItemCount())
+    if (!style.isNull() && row < list->GetItemCount())
         list->SetItemText(row, shownInRow(style->localizedName().c_str()));
 }
 

@@ -6,9 +6,7 @@
 #include "psl_controls.h"
 #include "psl_table_paths.h"
 
-#include "util/ut.h"
-#include "wxgui/wxgui.h"
-#include "wxutils/wut.h"
+#include "desktop/desktop.h"
 
 #include <wx/arrstr.h>
 #include <wx/choice.h>
@@ -34,19 +32,9 @@ wxBEGIN_EVENT_TABLE(DlgSelectTable, wxDialog)
 wxEND_EVENT_TABLE()
     // clang-format on
 
-    namespace
+    DlgSelectTable::DlgSelectTable(wxWindow* parent)
 {
-
-    wxString plotStyleFolder()
-    {
-        return ut::getString(ut::ECfgGroup::Paths, "PlotStylePath");
-    }
-
-} // namespace
-
-DlgSelectTable::DlgSelectTable(wxWindow* parent)
-{
-    wut::loadDialog(this, parent, "DlgSelectTable");
+    m_isBuilt = buildDialog(this, parent, "DlgSelectTable");
 }
 
 // The event is not skipped: the default handling would transfer the values once more.
@@ -55,8 +43,9 @@ void DlgSelectTable::onInitDialog(wxInitDialogEvent&)
     constexpr int width = 400;
     SetSize(width, -1);
     Centre(wxBOTH);
+    outliveParent(this);
     findControl<wxWindow>(*this, "PanelMessage")->SetCanFocus(false);
-    wxg::setSpokenName(findControl<wxWindow>(*this, "BtnBrowse"), _("Browse"));
+    desktop::setSpokenName(findControl<wxWindow>(*this, "BtnBrowse"), _("Browse"));
 
     wxArrayString files;
     getPlotStyleFiles(files);

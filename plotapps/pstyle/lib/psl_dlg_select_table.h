@@ -4,13 +4,13 @@
 #define PSL_DLG_SELECT_TABLE_H
 
 #include "psl_api.h"
+#include "psl_stack_dialog.h"
 
-#include <wx/dialog.h>
 #include <wx/filename.h>
 
 /// The dialog behind startPlotStyleEditor. Its OK checks the choice and runs the editor on top of
 /// the dialog; when the editor has closed, this dialog ends with OK, however the editor ended.
-class PSL_API DlgSelectTable : public wxDialog
+class PSL_API DlgSelectTable : public StackDialog
 {
 public:
     /// Builds the dialog. @param parent  the parent window, or null

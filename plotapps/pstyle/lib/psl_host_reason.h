@@ -3,8 +3,6 @@
 #ifndef PSL_HOST_REASON_H
 #define PSL_HOST_REASON_H
 
-#include "psl_api.h"
-
 #include <wx/string.h>
 
 #include <functional>
@@ -13,11 +11,11 @@
 /// interface itself tells no more than that it failed, and traces the reason under the mask
 /// "cmdapi". All other messages go where they went before.
 /// @return the reason, for the user; empty when the host has given none
-PSL_API wxString hostReason(const std::function<void()>& step);
+wxString hostReason(const std::function<void()>& step);
 
 /// A message with a reason on a line of its own behind it, where there is one, that begins with a
 /// capital letter.
-PSL_API wxString withReason(const wxString& message, const wxString& reason);
+wxString withReason(const wxString& message, const wxString& reason);
 
 /// Tells the user of a failure with a file, and the toolkit's status line, too, for hosts that
 /// write down what they are told.

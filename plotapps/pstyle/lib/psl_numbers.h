@@ -3,24 +3,22 @@
 #ifndef PSL_NUMBERS_H
 #define PSL_NUMBERS_H
 
-#include "psl_api.h"
-
 #include <wx/string.h>
 
 #include <optional>
 
 /// Reads a number with a decimal point or a decimal comma.
 /// @return nothing for a text that is not a number as a whole
-PSL_API std::optional<double> parseReal(const wxString& text);
+std::optional<double> parseReal(const wxString& text);
 
 /// Reads a whole number and takes it to the nearer end of a range where it lies outside.
 /// @return nothing for a text that is not a whole number
-PSL_API std::optional<int> parseInteger(const wxString& text, int least, int greatest);
+std::optional<int> parseInteger(const wxString& text, int least, int greatest);
 
 /// A number with so many decimals behind a point.
-PSL_API wxString fixedText(double value, int decimals);
+wxString fixedText(double value, int decimals);
 
 /// A number in the shortest form of six significant digits, with a point.
-PSL_API wxString generalText(double value);
+wxString generalText(double value);
 
 #endif

@@ -3,8 +3,6 @@
 #ifndef PSL_PATH_TEXT_H
 #define PSL_PATH_TEXT_H
 
-#include "psl_api.h"
-
 #include <wx/string.h>
 
 #include <functional>
@@ -15,13 +13,13 @@
 /// the dots; a width below 7 pixels gets the whole text.
 /// @param width    in pixels
 /// @param measure  gives a text's width in pixels
-PSL_API wxString fitPath(const wxString& text, int width,
-                         const std::function<int(const wxString&)>& measure);
+wxString fitPath(const wxString& text, int width,
+                 const std::function<int(const wxString&)>& measure);
 
 /// A path as the system knows it; in UTF-8 where the locale has no word for it.
-PSL_API std::string systemPath(const wxString& path);
+std::string systemPath(const wxString& path);
 
 /// A text of the system, in which the name of a file need not be UTF-8.
-PSL_API wxString systemText(const std::string& text);
+wxString systemText(const std::string& text);
 
 #endif

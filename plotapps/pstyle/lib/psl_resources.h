@@ -3,8 +3,12 @@
 #ifndef PSL_RESOURCES_H
 #define PSL_RESOURCES_H
 
+#include <wx/string.h>
+
 #include <cstddef>
 #include <vector>
+
+class wxClassInfo;
 
 /// A file that the library carries in its data.
 struct EmbeddedFile
@@ -18,5 +22,18 @@ struct EmbeddedFile
 
 /// All embedded files in the order of their registration. Generated from the resource documents.
 const std::vector<EmbeddedFile>& embeddedFiles();
+
+/// Whether the dialogs and pictures are known to the toolkit's global resource loader.
+bool areResourcesRegistered();
+
+/// A named control of an embedded dialog.
+struct EmbeddedControl
+{
+    wxString name;
+    const wxClassInfo* kind;
+};
+
+/// The named controls that an embedded dialog describes, whatever the toolkit has made of them.
+std::vector<EmbeddedControl> embeddedControls(const char* dialog);
 
 #endif

@@ -2,7 +2,7 @@
 
 #include "psl_style_fields.h"
 
-#include "psl_lineweights.h"
+#include "psl_lineweight_list.h"
 
 #include <algorithm>
 
@@ -108,9 +108,16 @@ std::uint32_t styleRgb(OdCmEntityColor color)
     return color.color() & 0xFFFFFF;
 }
 
+OdCmEntityColor byColor(std::uint32_t rgb)
+{
+    OdCmEntityColor color;
+    color.setColor(static_cast<std::uint32_t>(OdCmEntityColor::kByColor) << 24 | rgb);
+    return color;
+}
+
 void changeColor(OdPsPlotStyleData& data, std::uint32_t rgb)
 {
-    data.color.setColor(static_cast<std::uint32_t>(OdCmEntityColor::kByColor) << 24 | rgb);
+    data.color = byColor(rgb);
     setFlag(data, explicitColorFlag, rgb != objectColor && !hasFlag(data, grayscaleFlag));
 }
 

@@ -3,8 +3,6 @@
 #ifndef PSL_STYLE_FIELDS_H
 #define PSL_STYLE_FIELDS_H
 
-#include "psl_api.h"
-
 #include "odps/od_ps.h"
 
 #include <cstdint>
@@ -68,18 +66,21 @@ struct StyleFields
 /// Gathers the properties of styles; with no style at all the fields show a style's usual values.
 /// @param next  gives one style after the other, and null behind the last; it is not asked again
 ///              once every property is known to differ
-PSL_API StyleFields gatherStyleFields(const std::function<OdPsPlotStylePtr()>& next);
+StyleFields gatherStyleFields(const std::function<OdPsPlotStylePtr()>& next);
 
 /// The RGB of a style's colour, packed; an index colour gives its palette colour.
-PSL_API std::uint32_t styleRgb(OdCmEntityColor color);
+std::uint32_t styleRgb(OdCmEntityColor color);
+
+/// The colour that is told by its RGB, packed, and not by an index.
+OdCmEntityColor byColor(std::uint32_t rgb);
 
 /// @name Changes of one property
 /// They keep the explicit-colour flag of the colour policy in step: it is set where a style has a
 /// colour of its own and is not plotted in grayscale.
 /// @{
-PSL_API void changeColor(OdPsPlotStyleData& data, std::uint32_t rgb);
-PSL_API void changeDither(OdPsPlotStyleData& data, bool dither);
-PSL_API void changeGrayscale(OdPsPlotStyleData& data, bool grayscale);
+void changeColor(OdPsPlotStyleData& data, std::uint32_t rgb);
+void changeDither(OdPsPlotStyleData& data, bool dither);
+void changeGrayscale(OdPsPlotStyleData& data, bool grayscale);
 /// @}
 
 #endif

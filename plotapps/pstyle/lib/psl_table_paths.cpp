@@ -2,7 +2,14 @@
 
 #include "psl_table_paths.h"
 
+#include "util/ut.h"
+
 #include <wx/intl.h>
+
+wxString plotStyleFolder()
+{
+    return ut::getString(ut::ECfgGroup(6), "PlotStylePath");
+}
 
 wxFileName tableFile(const wxString& typed, const wxString& folder)
 {

@@ -3,14 +3,12 @@
 #ifndef PSL_TYPE_AHEAD_H
 #define PSL_TYPE_AHEAD_H
 
-#include "psl_api.h"
-
 #include <wx/string.h>
 
 #include <vector>
 
 /// The characters that a user types in one go.
-class PSL_API TypeAhead
+class TypeAhead
 {
 public:
     /// The pause, in milliseconds, after which a character begins a new text.
@@ -35,7 +33,7 @@ private:
 /// @param current     the row to go on from; -1 for none
 /// @param areNumbered whether the rows are those of colour 1, colour 2 …, and go by their numbers
 /// @return -1 when there is none
-PSL_API int findTypedRow(const std::vector<wxString>& rows, int current, const wxString& typed,
-                         bool areNumbered);
+int findTypedRow(const std::vector<wxString>& rows, int current, const wxString& typed,
+                 bool areNumbered);
 
 #endif

@@ -2,7 +2,7 @@
 
 #include "sheet_lines.h"
 
-#include "psl_lineweights.h"
+#include "psl_lineweight_list.h"
 
 #include "odps/od_ps.h"
 #include "wxgui/color_dialog.h"

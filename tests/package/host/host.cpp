@@ -8,7 +8,7 @@ class Host : public wxApp
 public:
     bool OnInit() override
     {
-        wxInitAllImageHandlers(); // the editor's dialogs need these two
+        // The editor's dialogs need its handlers.
         wxXmlResource::Get()->InitAllHandlers();
         if (argc == 2) // a table: edit it and leave
             return editPlotStyleTable(argv[1], nullptr) && false;

@@ -31,7 +31,6 @@ class OpenEditor : public wxApp
 {
     bool OnInit() override
     {
-        wxInitAllImageHandlers();
         wxXmlResource::Get()->InitAllHandlers();
         return argc == 2;
     }

@@ -1,6 +1,6 @@
 // Arithmetic and order of lineweights.
 
-#include "psl_lineweights.h"
+#include "psl_lineweight_list.h"
 
 #include "psl_numbers.h"
 
@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 
 int compareLineWeightData(LineWeightData* first, LineWeightData* second)
 {

@@ -1,0 +1,3 @@
+#include "other_host.h"
+
+wxIMPLEMENT_APP(OtherHost);
