@@ -2,6 +2,7 @@
 // meanwhile, and nothing is different after a call. Every case is run in a process of its own.
 
 #include "psl.h"
+#include "support/confirmations.h"
 #include "support/editor_driver.h"
 #include "support/gui_support.h"
 #include "support/sanitized.h"
@@ -58,24 +59,6 @@ public:
 
 const char* const documentHead = "XRC_resource/psl_xrc.inl$_Users_vorlund_dev_tag_tarnvale_res_";
 
-// Confirms every dialog as soon as it is to be shown, and tells which there were.
-class Confirmations : public wxModalDialogHook
-{
-public:
-    Confirmations() { Register(); }
-    ~Confirmations() override { Unregister(); }
-
-    std::string names;
-
-private:
-    int Enter(wxDialog* dialog) override
-    {
-        dialog->InitDialog();
-        names += (dialog->GetClassInfo()->GetClassName() + wxString(" ")).utf8_string();
-        return wxID_OK;
-    }
-};
-
 const std::string allDialogs = "DlgPlotStyleEditor DlgPlotStyleEditor DlgSelectTable DlgNewTable ";
 
 class Embedding : public testing::Test
@@ -100,7 +83,7 @@ protected:
     std::string shownDialogs()
     {
         ErrorLog log;
-        Confirmations confirmations;
+        support::Confirmations confirmations;
         wxString newTable;
         editPlotStyleTable(table, nullptr);
         editPlotStyleTable(folder.file("copy.ctb"), table, nullptr);
@@ -120,7 +103,6 @@ protected:
                 find<wxTextCtrl>(*dialog, "TextTableDescr")->SetValue(description);
                 editor.select({3});
                 editor.set("SpinScreening", 50);
-                updateUi(*dialog);
                 click(*dialog, wxID_OK);
             });
         return editPlotStyleTable(table, nullptr) && isSaved(description);
@@ -297,7 +279,6 @@ TEST_F(Embedding, AParentThatGoes)
                 going.end(frame);
                 EXPECT_TRUE(waitFor([&] { return !parent || parent->GetChildren().empty(); }));
                 EXPECT_TRUE(dialog->IsShown());
-                updateUi(*dialog);
                 click(*dialog, wxID_OK);
             });
         EXPECT_TRUE(editPlotStyleTable(table, parent));
@@ -323,10 +304,8 @@ TEST_F(Embedding, AParentThatGoesUnderTheChooserAndItsEditor)
                     find<wxTextCtrl>(*editor, "TextTableDescr")->SetValue("without a parent");
                     frame->Destroy();
                     EXPECT_TRUE(waitFor([&parent] { return !parent; }));
-                    updateUi(*editor);
                     click(*editor, wxID_OK);
                 });
-            updateUi(*chooser);
             click(*chooser, wxID_OK);
         });
     EXPECT_TRUE(startPlotStyleEditor(frame));
@@ -358,7 +337,6 @@ TEST_F(Embedding, ATimerThatOpensEveryDialogOnTopOfAnEditor)
                        });
             timer.StartOnce(1);
             EXPECT_TRUE(waitFor([&isDone] { return isDone; }));
-            updateUi(*dialog);
             click(*dialog, wxID_OK);
         });
     EXPECT_TRUE(editPlotStyleTable(table, nullptr));
@@ -375,7 +353,6 @@ TEST_F(Embedding, ATimerThatOpensTheSameTableAgain)
         {
             find<wxTextCtrl>(*dialog, "TextTableDescr")->SetValue("first");
             EXPECT_TRUE(canEdit(answers, "second"));
-            updateUi(*dialog);
             click(*dialog, wxID_OK);
         });
     ErrorLog log;
@@ -411,7 +388,6 @@ TEST_F(Embedding, AHostThatDestroysAllWindows)
         {
             find<wxComboBox>(*chooser, "ComboSourceFile")->SetValue(table);
             answers.start([&](wxDialog*) { destroyAll(); });
-            updateUi(*chooser);
             click(*chooser, wxID_OK);
         });
     startPlotStyleEditor(new wxFrame(nullptr, wxID_ANY, "Host"));
@@ -435,7 +411,6 @@ TEST_F(Embedding, AModalDialogOfTheHost)
                 [](wxDialog* editor)
                 {
                     find<wxTextCtrl>(*editor, "TextTableDescr")->SetValue("from the options");
-                    updateUi(*editor);
                     click(*editor, wxID_OK);
                 });
             isSavedByEditor = editPlotStyleTable(table, dialog);

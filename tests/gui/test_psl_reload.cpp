@@ -1,12 +1,12 @@
 // A host that loads the library as a plug-in, uses it, unloads it, loads it again, and ends. It is
 // not linked with the library.
 
+#include "support/confirmations.h"
+#include "support/kept_log.h"
+
 #include <gtest/gtest.h>
 
 #include <wx/app.h>
-#include <wx/dialog.h>
-#include <wx/log.h>
-#include <wx/modalhook.h>
 #include <wx/xrc/xmlres.h>
 
 #include <dlfcn.h>
@@ -25,39 +25,13 @@ class Host : public wxApp
     int OnRun() override { return RUN_ALL_TESTS(); }
 };
 
-class Confirmations : public wxModalDialogHook
-{
-public:
-    Confirmations() { Register(); }
-    ~Confirmations() override { Unregister(); }
-
-    int count = 0;
-
-private:
-    int Enter(wxDialog* dialog) override
-    {
-        dialog->InitDialog();
-        ++count;
-        return wxID_OK;
-    }
-};
-
-class Messages : public wxLog
-{
-public:
-    std::vector<wxString> all;
-
-private:
-    void DoLogText(const wxString& message) override { all.push_back(message); }
-};
-
 } // namespace
 
 TEST(Reload, FindsEverythingRegistered)
 {
-    auto* messages = new Messages;
-    delete wxLog::SetActiveTarget(messages); // the toolkit deletes it in the end
-    Confirmations confirmations;
+    const support::KeptLog log;
+    const support::Confirmations confirmations;
+    std::string expected;
     for (int call = 1; call <= 3; ++call)
     {
         void* const library = dlopen(PSTYLE_LIBRARY, RTLD_NOW | RTLD_LOCAL);
@@ -66,10 +40,10 @@ TEST(Reload, FindsEverythingRegistered)
             dlsym(library, "_Z18editPlotStyleTableRK8wxStringP8wxWindow"));
         ASSERT_NE(edit, nullptr);
         EXPECT_TRUE(edit("new.ctb", nullptr));
-        EXPECT_EQ(confirmations.count, call);
+        EXPECT_EQ(confirmations.names, expected += "DlgPlotStyleEditor ");
         EXPECT_EQ(dlclose(library), 0);
     }
-    EXPECT_TRUE(messages->all.empty()) << messages->all.front();
+    EXPECT_TRUE(log.messages.empty()) << log.messages.front();
 }
 
 // The end of the process is part of the test.

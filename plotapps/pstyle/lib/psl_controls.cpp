@@ -86,6 +86,13 @@ void outliveParent(wxDialog* dialog)
         parent->RemoveChild(dialog);
 }
 
+void placeDialog(wxDialog* dialog, int width)
+{
+    dialog->SetSize(width, -1);
+    dialog->Centre(wxBOTH);
+    outliveParent(dialog);
+}
+
 wxBitmap loadPicture(const wxString& name)
 {
     const ImageHandlers handlers;

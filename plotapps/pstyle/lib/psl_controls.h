@@ -23,9 +23,12 @@ class wxTextCtrl;
 bool buildDialog(wxDialog* dialog, wxWindow* parent, const char* name);
 
 /// Lets a dialog go on without its parent, should that be destroyed while the dialog is open: the
-/// toolkit deletes all children of a window, and this one lies on somebody's stack. To be called
-/// when the dialog has been placed; it stays in front of the window that was its parent.
+/// toolkit deletes all children of a window, and this one lies on somebody's stack. It stays in
+/// front of the window that was its parent.
 void outliveParent(wxDialog* dialog);
+
+/// Gives a dialog its width, in pixels, centres it on its parent, and lets it outlive that.
+void placeDialog(wxDialog* dialog, int width);
 
 /// The embedded picture with this resource name. The host need not have image handlers.
 /// @return an invalid bitmap when there is none

@@ -47,9 +47,7 @@ wxFileName DlgNewTable::fileName() const
 void DlgNewTable::onInitDialog(wxInitDialogEvent&)
 {
     constexpr int width = 400;
-    SetSize(width, -1);
-    Centre(wxBOTH);
-    outliveParent(this);
+    placeDialog(this, width);
     findControl<wxWindow>(*this, "PanelMessage")->SetCanFocus(false);
 
     findControl<wxTextCtrl>(*this, "TextTableName")

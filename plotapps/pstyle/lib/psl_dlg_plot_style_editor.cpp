@@ -106,9 +106,7 @@ DlgPlotStyleEditor::~DlgPlotStyleEditor()
 void DlgPlotStyleEditor::onInitDialog(wxInitDialogEvent&)
 {
     constexpr int width = 600;
-    SetSize(width, -1);
-    Centre(wxBOTH);
-    outliveParent(this);
+    placeDialog(this, width);
 
     constexpr size_t tableViewPage = 1;
     wxNotebook* book = findControl<wxNotebook>(*this, "NoteBook");

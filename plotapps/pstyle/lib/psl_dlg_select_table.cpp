@@ -41,9 +41,7 @@ wxEND_EVENT_TABLE()
 void DlgSelectTable::onInitDialog(wxInitDialogEvent&)
 {
     constexpr int width = 400;
-    SetSize(width, -1);
-    Centre(wxBOTH);
-    outliveParent(this);
+    placeDialog(this, width);
     findControl<wxWindow>(*this, "PanelMessage")->SetCanFocus(false);
     desktop::setSpokenName(findControl<wxWindow>(*this, "BtnBrowse"), _("Browse"));
 
